@@ -65,17 +65,23 @@ TEST(IluPtrTest, AssignmentMovesTheReference) {
 
 TEST(IluPtrTest, ObjectWithAnOwnerOutsideSmartPointersSurvives) {
     std::vector<std::uint32_t> deaths;
-    Probe held(1, &deaths);  // the stack frame owns it
-    { ilu_const_ptr<Probe> p(&held); }
+    // Owned by this test, not by a smart pointer: built with a count of 1.
+    Probe* held = new Probe(1, &deaths);
+    { ilu_const_ptr<Probe> p(held); }
     EXPECT_TRUE(deaths.empty());
-    EXPECT_EQ(held.GetReferenceCount(), 1u);
-    Probe classic(2, &deaths);  // a count of 2 can never reach 0 by balanced use
+    EXPECT_EQ(held->GetReferenceCount(), 1u);
+    // A count of 2 can never reach 0 through balanced use.
+    Probe* classic = new Probe(2, &deaths);
     {
-        ilu_ptr<Probe> p(&classic);
+        ilu_ptr<Probe> p(classic);
         ilu_const_ptr<Probe> q(p);
-        EXPECT_EQ(classic.GetReferenceCount(), 4u);
+        EXPECT_EQ(classic->GetReferenceCount(), 4u);
     }
-    EXPECT_EQ(classic.GetReferenceCount(), 2u);
+    EXPECT_EQ(classic->GetReferenceCount(), 2u);
+    EXPECT_TRUE(deaths.empty());
+    delete held;
+    delete classic;
+    EXPECT_EQ(deaths.size(), 2u);
 }
 
 // --- counting guards -----------------------------------------------------
