@@ -20,5 +20,6 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/kai18nConfigVersion.cmake
 install(FILES ${PROJECT_BINARY_DIR}/kai18nConfig.cmake ${PROJECT_BINARY_DIR}/kai18nConfigVersion.cmake
         DESTINATION ${KAI18N_CMAKE_DIR})
 
+file(RELATIVE_PATH KAI18N_PC_TO_PREFIX "${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig" "${CMAKE_INSTALL_PREFIX}")
 configure_file(cmake/kai18n.pc.in ${PROJECT_BINARY_DIR}/kai18n.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/kai18n.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
