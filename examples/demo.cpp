@@ -1,0 +1,60 @@
+// A first look at kai18n: a text through UTF-8 and UTF-16 and back, a few
+// fields laid out by the string formatter, and a failure reported by code.
+#include <kai18n/kai18n.h>
+
+#include <iostream>
+
+namespace {
+
+const unsigned char* Utf8(const char* text) {
+    return reinterpret_cast<const unsigned char*>(text);
+}
+
+}  // namespace
+
+int main() {
+    // UTF-8 in, UTF-16 inside, UTF-8 out.
+    const ucs2string greeting(Utf8("Grüße, Κόσμε, Привет, 世界 😀"));
+    std::cout << "text:        " << greeting << '\n'
+              << "UTF-16 units " << greeting.length() << '\n';
+
+    const lu_utf8string bytes(greeting);
+    std::cout << "UTF-8 bytes  " << bytes.length() << '\n';
+    const ucs2string back(bytes);
+    std::cout << "round trip   " << (back == greeting ? "identical" : "DIFFERENT") << '\n';
+
+    // The free conversions treat every unit alone: the emoji's surrogate pair
+    // becomes two three-byte sequences there, one four-byte sequence above.
+    unsigned char* raw = nullptr;
+    unsigned int rawBytes = 0;
+    if (UCS2_ConvertToUTF8(greeting.data(), greeting.length(), &raw, &rawBytes) >= 0) {
+        std::cout << "unit by unit " << rawBytes << " bytes\n";
+        delete[] raw;
+    }
+
+    // Fields: right-aligned with zeros, left-aligned with dots, and one too
+    // narrow for its number, which shows as number signs.
+    ucs2string_formatter line;
+    line.append(Utf8("["));
+    line.append_formatted(42L, 6, ucs2string_formatter::align_right, '0');
+    line.append(Utf8("] ["));
+    line.append_formatted(Utf8("ok"), 6, ucs2string_formatter::align_left, '.');
+    line.append(Utf8("] ["));
+    line.append_formatted(-123456L, 4, ucs2string_formatter::align_right, ' ');
+    line.append(Utf8("]"));
+    std::cout << "fields:      " << line.str() << '\n';
+
+    ucs2string summary;
+    strprintf(summary, ucs2string(Utf8("%s has %d units")).c_str(), greeting.c_str(),
+              static_cast<int>(greeting.length()));
+    std::cout << "strprintf:   " << summary << '\n';
+
+    // Failures arrive as LUException with a result code.
+    try {
+        greeting.substr(1000);
+    } catch (const LUException& error) {
+        std::cout << "failure:     0x" << std::hex << static_cast<unsigned int>(error.GetResult())
+                  << " " << error.what() << '\n';
+    }
+    return 0;
+}

@@ -1,0 +1,22 @@
+// kai18n: every public header of the library.
+#ifndef KAI18N_KAI18N_H
+#define KAI18N_KAI18N_H
+
+// Library frame
+#include "kai18n/frame/ilu_ptr.h"
+#include "kai18n/frame/init_exit.h"
+#include "kai18n/frame/ka_auto_array.h"
+#include "kai18n/frame/ka_compact_array.h"
+#include "kai18n/frame/result_codes.h"
+#include "kai18n/frame/timelib_exceptions.h"
+#include "kai18n/platform/kalib.h"
+
+// Unicode strings
+#include "kai18n/strings/lu_utf8_traits.h"
+#include "kai18n/strings/lu_utf8string.h"
+#include "kai18n/strings/strprintf.h"
+#include "kai18n/strings/ucs2string.h"
+#include "kai18n/strings/ucs2string_formatter.h"
+#include "kai18n/strings/utf8_conversion.h"
+
+#endif  // KAI18N_KAI18N_H

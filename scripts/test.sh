@@ -1,0 +1,19 @@
+#!/usr/bin/env bash
+# Builds the library and its tests and runs the whole test suite.
+#   scripts/test.sh             the ordinary build, in build/test
+#   scripts/test.sh --sanitize  under AddressSanitizer + UndefinedBehaviorSanitizer, in build/asan
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+dir=build/test
+flags=(-DCMAKE_BUILD_TYPE=RelWithDebInfo)
+if [ "${1:-}" = "--sanitize" ]; then
+    dir=build/asan
+    flags=(-DCMAKE_BUILD_TYPE=Debug -DKAI18N_SANITIZE=ON)
+    export ASAN_OPTIONS=detect_leaks=1:abort_on_error=1
+    export UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
+fi
+
+cmake -S . -B "$dir" -G Ninja "${flags[@]}" -DKAI18N_BUILD_TESTS=ON -DKAI18N_BUILD_EXAMPLES=ON
+cmake --build "$dir"
+ctest --test-dir "$dir" --output-on-failure -j "$(nproc)"
