@@ -2,6 +2,7 @@
 # Builds the library and its tests and runs the whole test suite.
 #   scripts/test.sh             the ordinary build, in build/test
 #   scripts/test.sh --sanitize  under AddressSanitizer + UndefinedBehaviorSanitizer, in build/asan
+#   scripts/test.sh --clang     built with clang++-14, in build/clang
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -12,6 +13,9 @@ if [ "${1:-}" = "--sanitize" ]; then
     flags=(-DCMAKE_BUILD_TYPE=Debug -DKAI18N_SANITIZE=ON)
     export ASAN_OPTIONS=detect_leaks=1:abort_on_error=1
     export UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
+elif [ "${1:-}" = "--clang" ]; then
+    dir=build/clang
+    flags=(-DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_COMPILER=clang++-14)
 fi
 
 cmake -S . -B "$dir" -G Ninja "${flags[@]}" -DKAI18N_BUILD_TESTS=ON -DKAI18N_BUILD_EXAMPLES=ON
