@@ -48,6 +48,7 @@ unsigned int lu_utf8_traits::GetUTF8Bytes(unsigned int codePoint) {
 }
 
 unsigned int lu_utf8_traits::length(const unsigned char* text) {
+    if (text == nullptr) return 0;
     return static_cast<unsigned int>(std::strlen(reinterpret_cast<const char*>(text)));
 }
 
@@ -57,7 +58,7 @@ unsigned int lu_utf8_traits::length(const unsigned char* text) {
 unsigned int lu_utf8_traits::length(const unsigned short* text) {
     unsigned int bytes = 0;
     const unsigned short* p = text;
-    while (*p != 0) {
+    while (p != nullptr && *p != 0) {
         const unsigned unit = *p;
         if (!IsHighSurrogate(unit)) {
             bytes += GetUTF8Bytes(static_cast<unsigned short>(unit));

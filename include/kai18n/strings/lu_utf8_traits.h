@@ -8,6 +8,8 @@ class lu_utf8string;
 
 class lu_utf8_traits {
   public:
+    // The zero-terminated forms take a null pointer as an empty text.
+
     /// Bytes before the first zero byte.
     static unsigned int length(const unsigned char* text);
     /// UTF-8 bytes needed for the zero-terminated UTF-16 text.
