@@ -2,12 +2,16 @@
 
 #include <sstream>
 #include <stdexcept>
+#include <tuple>
 
 #include "frame/encoding_exception_translator.h"
 #include "kai18n/frame/result_codes.h"
 #include "kai18n/frame/timelib_exceptions.h"
 #include "kai18n/platform/kalib.h"
 #include "platform/encoding/encoding_exceptions.h"
+#include "test_support.h"
+
+using test_support::Utf8;
 
 namespace {
 
@@ -70,100 +74,86 @@ std::string Inserted(const TimeLib::LUTimeLibException& error) {
 TEST(TimeLibExceptionTest, PrintTextsCodesAndInsertionAgree) {
     const TimeLib::InternalError internal("get (luField)");
     const TimeLib::IncorrectData incorrect("GregorianCalendar::make ()");
-    const TimeLib::UnknownTimeZone unknown(
-        ucs2string(reinterpret_cast<const unsigned char*>("Europe/Zürich")));
-
-    EXPECT_EQ(Inserted(internal), "TimeLib::InternalError : get (luField)");
-    EXPECT_EQ(Inserted(incorrect), "TimeLib::IncorrectData : GregorianCalendar::make ()");
-    EXPECT_EQ(Inserted(unknown), "TimeLib::UnknownTimeZone : Europe/Zürich");
-    for (const TimeLib::LUTimeLibException* e :
-         {static_cast<const TimeLib::LUTimeLibException*>(&internal),
-          static_cast<const TimeLib::LUTimeLibException*>(&incorrect),
-          static_cast<const TimeLib::LUTimeLibException*>(&unknown)}) {
-        EXPECT_EQ(e->text(), Inserted(*e));
+    const TimeLib::UnknownTimeZone unknown(ucs2string(Utf8("Europe/Zürich")));
+    const std::pair<const TimeLib::LUTimeLibException*, const char*> cases[] = {
+        {&internal, "TimeLib::InternalError : get (luField)"},
+        {&incorrect, "TimeLib::IncorrectData : GregorianCalendar::make ()"},
+        {&unknown, "TimeLib::UnknownTimeZone : Europe/Zürich"},
+    };
+    for (const auto& [error, text] : cases) {
+        EXPECT_EQ(Inserted(*error), text);
+        EXPECT_EQ(error->text(), text);  // DoWhat gives what the insertion writes
     }
     EXPECT_EQ(internal.GetResult(), LU_E_INTERNAL);
     EXPECT_EQ(incorrect.GetResult(), LU_E_INVALID_ARG);
     // The unknown zone carries a positive code.
     EXPECT_EQ(unknown.GetResult(), LU_S_NO_MATCH);
     EXPECT_FALSE(kaFailed(unknown.GetResult()));
-}
-
-TEST(TimeLibExceptionTest, CaughtAsLUExceptionKeepsItsPrintSlot) {
+    // Caught as an LUException, the print slot is still the derived one.
     try {
         throw TimeLib::InternalError("physicalTime ()");
     } catch (const LUException& error) {
-        const auto* timeError = dynamic_cast<const TimeLib::LUTimeLibException*>(&error);
-        ASSERT_NE(timeError, nullptr);
-        EXPECT_EQ(timeError->text(), "TimeLib::InternalError : physicalTime ()");
+        EXPECT_EQ(Inserted(dynamic_cast<const TimeLib::LUTimeLibException&>(error)),
+                  "TimeLib::InternalError : physicalTime ()");
     }
 }
 
 // --- translation of the encoding library's exceptions --------------------
 
+// Throws `thrown` through the translator and gives back what came out.
 template <class E>
-LUException TranslatedFrom(const E& thrown) {
+std::exception_ptr Translated(const E& thrown) {
     try {
         try {
             throw thrown;
         } catch (...) {
             kaTranslateEncodingException();
         }
+    } catch (...) {
+        return std::current_exception();
+    }
+    return nullptr;
+}
+
+template <class E>
+LUException TranslatedCode(const E& thrown) {
+    try {
+        std::rethrow_exception(Translated(thrown));
     } catch (const LUException& error) {
         return error;
+    } catch (...) {
     }
     ADD_FAILURE() << "no LUException came out of the translator";
     return LUException(0);
 }
 
+// clang-format off
 TEST(EncodingExceptionTranslatorTest, EachTypeGetsItsCodeAndMessage) {
-    struct Case {
-        LUException translated;
-        long code;
-        const char* message;
+    const std::tuple<LUException, long, const char*> cases[] = {
+        {TranslatedCode(InvalidOutputEncoding("x")), LU_E_ENCODING, "Invalid ouput encoding"},
+        {TranslatedCode(TextEncodingID::Malformed("x")), LU_E_ENCODING, "Malformed encoding variation"},
+        {TranslatedCode(TextEncodingID::TooManyVariations("x")), LU_E_ENCODING, "Too many encoding variations"},
+        {TranslatedCode(EncodingVariationID::Malformed("x")), LU_E_ENCODING, "Malformed encoding variation"},
+        {TranslatedCode(EncodingVariationID::TooManyVariations("x")), LU_E_ENCODING, "Too many encoding variations"},
+        {TranslatedCode(EncodingNotLoaded("x")), LU_E_ENCODING, "Encoding not loaded"},
+        {TranslatedCode(UnicodeLibraryException("x")), LU_E_ENCODING, "Unicode library error"},
+        {TranslatedCode(bt_out_of_range("x")), LU_E_OUT_OF_RANGE, "Unicode library error"},
+        {TranslatedCode(bt_exception("x")), LU_E_ENCODING, "Unicode library error"},
     };
-    const Case cases[] = {
-        {TranslatedFrom(InvalidOutputEncoding("x")), LU_E_ENCODING, "Invalid ouput encoding"},
-        {TranslatedFrom(TextEncodingID::Malformed("x")), LU_E_ENCODING,
-         "Malformed encoding variation"},
-        {TranslatedFrom(TextEncodingID::TooManyVariations("x")), LU_E_ENCODING,
-         "Too many encoding variations"},
-        {TranslatedFrom(EncodingVariationID::Malformed("x")), LU_E_ENCODING,
-         "Malformed encoding variation"},
-        {TranslatedFrom(EncodingVariationID::TooManyVariations("x")), LU_E_ENCODING,
-         "Too many encoding variations"},
-        {TranslatedFrom(EncodingNotLoaded("x")), LU_E_ENCODING, "Encoding not loaded"},
-        {TranslatedFrom(UnicodeLibraryException("x")), LU_E_ENCODING, "Unicode library error"},
-        {TranslatedFrom(bt_out_of_range("x")), LU_E_OUT_OF_RANGE, "Unicode library error"},
-        {TranslatedFrom(bt_exception("x")), LU_E_ENCODING, "Unicode library error"},
-    };
-    for (const Case& c : cases) {
-        EXPECT_EQ(c.translated.GetResult(), c.code) << c.message;
-        EXPECT_EQ(c.translated.GetMessage(), c.message);
+    for (const auto& [translated, code, message] : cases) {
+        EXPECT_EQ(translated.GetResult(), code) << message;
+        EXPECT_EQ(translated.GetMessage(), message);
     }
 }
+// clang-format on
 
 TEST(EncodingExceptionTranslatorTest, OtherExceptionsPassUnchanged) {
     try {
-        try {
-            throw std::length_error("kept");
-        } catch (...) {
-            kaTranslateEncodingException();
-        }
+        std::rethrow_exception(Translated(std::length_error("kept")));
     } catch (const std::length_error& error) {
         EXPECT_STREQ(error.what(), "kept");
-    } catch (...) {
-        FAIL() << "the exception was changed";
     }
-    try {
-        try {
-            throw LUException(LU_E_NO_FACET);
-        } catch (...) {
-            kaTranslateEncodingException();
-        }
-    } catch (const LUException& error) {
-        EXPECT_EQ(error.GetResult(), LU_E_NO_FACET);
-    }
+    EXPECT_EQ(TranslatedCode(LUException(LU_E_NO_FACET)).GetResult(), LU_E_NO_FACET);
 }
 
 }  // namespace
