@@ -7,80 +7,54 @@ namespace {
 // Counts destructor runs, so that a missing or a second release shows as a
 // wrong count (and, under AddressSanitizer, as a leak or a double free).
 struct Tracked {
-    static int destroyed;
+    inline static int destroyed = 0;
     ~Tracked() { ++destroyed; }
 };
-int Tracked::destroyed = 0;
+using Array = kaAutoArray<Tracked>;
 
-class KaAutoArrayTest : public ::testing::Test {
-  protected:
-    void SetUp() override { Tracked::destroyed = 0; }
-};
-
-TEST_F(KaAutoArrayTest, CopyMovesOwnershipAndSourceKeepsPointer) {
-    Tracked* p = new Tracked[3];
+TEST(KaAutoArrayTest, CopyMovesOwnershipAndSourceKeepsPointer) {
+    Tracked::destroyed = 0;
+    Tracked *p = new Tracked[3], *q = new Tracked[4];
     {
-        kaAutoArray<Tracked> source(p);
+        Array source(p), viewer(q);
         {
-            const kaAutoArray<Tracked> copy(source);
-            const kaAutoArray<Tracked> second(source);  // the source no longer owns
-            EXPECT_TRUE(copy.get() == p && second.get() == p && source.get() == p);
+            const Array copy(source), second(source);  // the source no longer owns
+            EXPECT_TRUE(copy.get() == p && second.get() == p && source.get() == p && &*copy == p);
         }
-        EXPECT_EQ(Tracked::destroyed, 3);  // released by `copy` alone
+        EXPECT_EQ(Tracked::destroyed, 3);                         // released by `copy` alone
+        EXPECT_TRUE(viewer.release() == q && viewer.get() == q);  // keeps it, stops owning
     }
     EXPECT_EQ(Tracked::destroyed, 3);
-    { kaAutoArray<Tracked> nothing; }
-}
-
-TEST_F(KaAutoArrayTest, AssignmentOfAnotherArrayReleasesOwnAndTakesOwnership) {
-    Tracked* p = new Tracked[2];
-    kaAutoArray<Tracked> source(p);
-    {
-        kaAutoArray<Tracked> target(new Tracked[5]);
-        target = source;
-        EXPECT_EQ(Tracked::destroyed, 5);
-        EXPECT_TRUE(target.get() == p && source.get() == p);
-    }
-    EXPECT_EQ(Tracked::destroyed, 7);
-
-    Tracked* q = new Tracked[4];
-    kaAutoArray<Tracked> viewer(q);
-    EXPECT_EQ(viewer.release(), q);  // keeps the pointer, stops owning
-    EXPECT_EQ(viewer.get(), q);
-    viewer = kaAutoArray<Tracked>(new Tracked[1]);  // q is not released
-    EXPECT_EQ(Tracked::destroyed, 7);
     delete[] q;
 }
 
-TEST_F(KaAutoArrayTest, AssignmentOfTheSameArrayMovesOnlyOwnership) {
+// Another array: the target releases its own and takes pointer and ownership, if
+// the source has it. The same array: only the ownership moves, and `a = a` keeps it.
+TEST(KaAutoArrayTest, AssignmentReleasesAnotherArrayOrMovesOnlyOwnership) {
+    Tracked::destroyed = 0;
+    Tracked* p = new Tracked[2];
+    Array source(p), target(new Tracked[5]);
+    target = source;
+    EXPECT_TRUE(Tracked::destroyed == 5 && target.get() == p && source.get() == p);
+    target = static_cast<Array&>(target);  // keeps ownership
     {
-        kaAutoArray<Tracked> a(new Tracked[2]);
-        kaAutoArray<Tracked>& alias = a;
-        a = alias;  // keeps ownership
-        {
-            kaAutoArray<Tracked> b(a);  // b owns
-            a = b;                      // ownership comes back to a
-        }
-        EXPECT_EQ(Tracked::destroyed, 0);
-        {
-            kaAutoArray<Tracked> c(a);  // c owns
-            c = a;                      // a does not: c keeps ownership
-        }
-        EXPECT_EQ(Tracked::destroyed, 2);
+        Array viewer(new Tracked[1]), other(target);  // other owns p
+        viewer = source;  // the source does not own p: neither does the viewer
+        viewer = source;  // the same array again: nothing moves
+        other = target;   // target does not own p either: other keeps ownership
+        target = other;   // ownership comes back
     }
-    EXPECT_EQ(Tracked::destroyed, 2);
+    EXPECT_EQ(Tracked::destroyed, 6);
+    target = Array(new Tracked[1]);
+    EXPECT_EQ(Tracked::destroyed, 8);  // p, by its last owner
 }
 
-TEST_F(KaAutoArrayTest, ExportedInstantiationsGiveTheFirstElement) {
-    kaAutoArray<unsigned int> ints(new unsigned int[3]{5, 6, 7});
-    *ints = 9;
-    EXPECT_EQ(ints.get()[0], 9u);
+TEST(KaAutoArrayTest, ExportedInstantiationsGiveTheFirstElement) {
+    kaAutoArray<unsigned int> ints(new unsigned int[2]{5, 6});
     kaAutoArray<unsigned short> shorts(new unsigned short[1]{0xFFFF});
-    EXPECT_EQ(*shorts, 0xFFFF);
-    kaAutoArray<unsigned char> bytes(new unsigned char[2]{'a', 'b'});
-    kaAutoArray<unsigned char> other(new unsigned char[1]{'z'});
-    other = bytes;
-    EXPECT_EQ(*other, 'a');
+    kaAutoArray<unsigned char> bytes(new unsigned char[1]{'a'}), none;
+    *ints = 9;
+    EXPECT_TRUE(ints.get()[0] == 9u && *shorts == 0xFFFF && *bytes == 'a' && !none.get());
 }
 
 }  // namespace
