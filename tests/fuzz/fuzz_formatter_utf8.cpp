@@ -3,21 +3,12 @@
 // asked, and the text stays zero-terminated.
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <vector>
 
+#include "fuzz_support.h"
 #include "kai18n/frame/result_codes.h"
-#include "kai18n/platform/kalib.h"
 #include "kai18n/strings/lu_utf8_traits.h"
 #include "kai18n/strings/ucs2string_formatter.h"
-
-namespace {
-
-void Check(bool condition) {
-    if (!condition) std::abort();
-}
-
-}  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     if (size < 2) return 0;
@@ -27,15 +18,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     text.push_back(0);
 
     ucs2string_formatter out;
-    try {
-        out.append(text.data());
-    } catch (const LUException& error) {
-        Check(error.GetResult() == LU_E_INVALID_ARG);
-    }
+    ThrowsOnly(LU_E_INVALID_ARG, [&] { out.append(text.data()); });
     Check(out.c_str()[out.length()] == 0);
 
     const unsigned int before = out.length();
-    try {
+    const bool thrown = ThrowsOnly(LU_E_INVALID_ARG, [&] {
         out.append_formatted(text.data(), width, align, '*');
         const unsigned int count = lu_utf8_traits::char_length(text.data());
         const unsigned int written = out.length() - before;
@@ -47,17 +34,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         } else {
             Check(written == (fits ? count : 0));
         }
-    } catch (const LUException& error) {
-        Check(error.GetResult() == LU_E_INVALID_ARG);
-        Check(out.length() == before);
-    }
+    });
+    if (thrown) Check(out.length() == before);
     Check(out.c_str()[out.length()] == 0);
 
-    try {
+    ThrowsOnly(LU_E_INVALID_ARG, [&] {
         const ucs2string_formatter counted(data + 2, static_cast<unsigned int>(size - 2));
         Check(counted.c_str()[counted.length()] == 0);
-    } catch (const LUException& error) {
-        Check(error.GetResult() == LU_E_INVALID_ARG);
-    }
+    });
     return 0;
 }

@@ -3,27 +3,22 @@
 // may come out, and the string must stay whole.
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <vector>
 
+#include "fuzz_support.h"
 #include "kai18n/frame/result_codes.h"
-#include "kai18n/platform/kalib.h"
 #include "kai18n/strings/lu_utf8_traits.h"
 #include "kai18n/strings/ucs2string.h"
 
 namespace {
 
 void CheckWhole(const ucs2string& s) {
-    if (s.c_str()[s.length()] != 0) std::abort();
+    Check(s.c_str()[s.length()] == 0);
 }
 
 template <class Action>
 void Expect(Action&& action) {
-    try {
-        action();
-    } catch (const LUException& error) {
-        if (error.GetResult() != LU_E_INVALID_ARG) std::abort();
-    }
+    ThrowsOnly(LU_E_INVALID_ARG, action);
 }
 
 }  // namespace
@@ -36,7 +31,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     ucs2string s;
     Expect([&] {
         s.assign(data, bytes);
-        if (s.length() != lu_utf8_traits::char_length(data, bytes)) std::abort();
+        Check(s.length() == lu_utf8_traits::char_length(data, bytes));
     });
     CheckWhole(s);
     Expect([&] { s.assign(terminated.data()); });
