@@ -163,7 +163,9 @@ TYPED_TEST(KaCompactArrayTest, AdoptingConstructorChecksBeforeTakingOwnership) {
             EXPECT_TRUE(table.m_compact && table.m_owns && table.GetAt(300 * 128) == 11);
             continue;
         }
-        EXPECT_EQ(ThrownCode([&] { Inspectable<TypeParam>(index, count, data, 200); }),
+        // A structured binding cannot be captured before C++20: copy it.
+        const unsigned int indexCount = count;
+        EXPECT_EQ(ThrownCode([&] { Inspectable<TypeParam>(index, indexCount, data, 200); }),
                   LU_E_OUT_OF_RANGE);
         delete[] index;
         delete[] data;
