@@ -66,7 +66,7 @@ class Output {
 
 enum class Length { none, hh, h, l, ll, j, z, t, L, I, w };
 
-struct Spec {
+struct Directive {
     bool minus = false;
     bool plus = false;
     bool space = false;
@@ -98,18 +98,18 @@ unsigned int ReadNumber(const unsigned short*& p) {
 
 // Parses flags, width, precision and length modifier behind a '%'; `p` ends on
 // the conversion unit (0 if the format ends first). A `*` takes an int.
-void ParseSpec(const unsigned short*& p, va_list* args, Spec& spec) {
+void ParseDirective(const unsigned short*& p, va_list* args, Directive& directive) {
     for (;; ++p) {
         if (*p == '-') {
-            spec.minus = true;
+            directive.minus = true;
         } else if (*p == '+') {
-            spec.plus = true;
+            directive.plus = true;
         } else if (*p == ' ') {
-            spec.space = true;
+            directive.space = true;
         } else if (*p == '#') {
-            spec.hash = true;
+            directive.hash = true;
         } else if (*p == '0') {
-            spec.zero = true;
+            directive.zero = true;
         } else {
             break;
         }
@@ -117,88 +117,88 @@ void ParseSpec(const unsigned short*& p, va_list* args, Spec& spec) {
     if (*p == '*') {
         ++p;
         const int width = va_arg(*args, int);
-        spec.hasWidth = true;
+        directive.hasWidth = true;
         // A negative width is a '-' flag and its magnitude, as in printf.
         if (width < 0) {
-            spec.minus = true;
-            spec.width = width == INT_MIN ? INT_MAX : static_cast<unsigned int>(-width);
+            directive.minus = true;
+            directive.width = width == INT_MIN ? INT_MAX : static_cast<unsigned int>(-width);
         } else {
-            spec.width = static_cast<unsigned int>(width);
+            directive.width = static_cast<unsigned int>(width);
         }
     } else if (IsDigit(*p)) {
-        spec.hasWidth = true;
-        spec.width = ReadNumber(p);
+        directive.hasWidth = true;
+        directive.width = ReadNumber(p);
     }
     if (*p == '.') {
         ++p;
-        spec.hasPrecision = true;
+        directive.hasPrecision = true;
         if (*p == '*') {
             ++p;
             const int precision = va_arg(*args, int);
             // A negative precision counts as none.
-            spec.hasPrecision = precision >= 0;
-            spec.precision = precision >= 0 ? static_cast<unsigned int>(precision) : 0;
+            directive.hasPrecision = precision >= 0;
+            directive.precision = precision >= 0 ? static_cast<unsigned int>(precision) : 0;
         } else {
-            spec.precision = ReadNumber(p);
+            directive.precision = ReadNumber(p);
         }
     }
     switch (*p) {
         case 'h':
             ++p;
-            spec.length = Length::h;
+            directive.length = Length::h;
             if (*p == 'h') {
                 ++p;
-                spec.length = Length::hh;
+                directive.length = Length::hh;
             }
             break;
         case 'l':
             ++p;
-            spec.length = Length::l;
+            directive.length = Length::l;
             if (*p == 'l') {
                 ++p;
-                spec.length = Length::ll;
+                directive.length = Length::ll;
             }
             break;
         case 'q':
             ++p;
-            spec.length = Length::ll;
+            directive.length = Length::ll;
             break;
         case 'j':
             ++p;
-            spec.length = Length::j;
+            directive.length = Length::j;
             break;
         case 'z':
             ++p;
-            spec.length = Length::z;
+            directive.length = Length::z;
             break;
         case 't':
             ++p;
-            spec.length = Length::t;
+            directive.length = Length::t;
             break;
         case 'L':
             ++p;
-            spec.length = Length::L;
+            directive.length = Length::L;
             break;
         case 'w':
             ++p;
-            spec.length = Length::w;
+            directive.length = Length::w;
             break;
         case 'I':
             ++p;
             if (p[0] == '6' && p[1] == '4') {
                 p += 2;
-                spec.length = Length::ll;
+                directive.length = Length::ll;
             } else if (p[0] == '3' && p[1] == '2') {
                 p += 2;
-                spec.length = Length::none;
+                directive.length = Length::none;
             } else {
-                spec.length = Length::I;
+                directive.length = Length::I;
             }
             break;
         default:
             break;
     }
-    spec.conversion = *p;
+    directive.conversion = *p;
 }
 
 // ---------------------------------------------------------------------------
@@ -206,13 +206,14 @@ void ParseSpec(const unsigned short*& p, va_list* args, Spec& spec) {
 
 // Builds the runtime format of one conversion: the parsed flags, width and
 // precision, then `modifier` and the conversion.
-void BuildWideFormat(const Spec& spec, unsigned int width, const char* modifier, wchar_t* out) {
+void BuildWideFormat(const Directive& directive, unsigned int width, const char* modifier,
+                     wchar_t* out) {
     *out++ = L'%';
-    if (spec.minus) *out++ = L'-';
-    if (spec.plus) *out++ = L'+';
-    if (spec.space) *out++ = L' ';
-    if (spec.hash) *out++ = L'#';
-    if (spec.zero) *out++ = L'0';
+    if (directive.minus) *out++ = L'-';
+    if (directive.plus) *out++ = L'+';
+    if (directive.space) *out++ = L' ';
+    if (directive.hash) *out++ = L'#';
+    if (directive.zero) *out++ = L'0';
     auto put_number = [&out](unsigned int value) {
         wchar_t digits[16];
         int n = 0;
@@ -222,13 +223,13 @@ void BuildWideFormat(const Spec& spec, unsigned int width, const char* modifier,
         } while (value != 0);
         while (n > 0) *out++ = digits[--n];
     };
-    if (spec.hasWidth) put_number(width);
-    if (spec.hasPrecision) {
+    if (directive.hasWidth) put_number(width);
+    if (directive.hasPrecision) {
         *out++ = L'.';
-        put_number(spec.precision);
+        put_number(directive.precision);
     }
     while (*modifier != 0) *out++ = static_cast<wchar_t>(*modifier++);
-    *out++ = static_cast<wchar_t>(spec.conversion);
+    *out++ = static_cast<wchar_t>(directive.conversion);
     *out = 0;
 }
 
@@ -273,15 +274,15 @@ class WideText {
 };
 
 template <class T>
-bool PutNumber(const Spec& spec, const char* modifier, T value, Output& out) {
+bool PutNumber(const Directive& directive, const char* modifier, T value, Output& out) {
     wchar_t format[64];
     WideText text;
-    unsigned int width = spec.width;
+    unsigned int width = directive.width;
     // A width beyond the result array makes the result too long whatever the
     // value. Cut to the value's own length plus the array, it still gives the
     // same first units, without a buffer of the full width.
-    if (spec.hasWidth && width > kArrayUnits) {
-        Spec bare = spec;
+    if (directive.hasWidth && width > kArrayUnits) {
+        Directive bare = directive;
         bare.hasWidth = false;
         BuildWideFormat(bare, 0, modifier, format);
         const int bareLength = text.format(format, value);
@@ -289,7 +290,7 @@ bool PutNumber(const Spec& spec, const char* modifier, T value, Output& out) {
         const unsigned long long capped = static_cast<unsigned long long>(bareLength) + kArrayUnits;
         if (capped < width) width = static_cast<unsigned int>(capped);
     }
-    BuildWideFormat(spec, width, modifier, format);
+    BuildWideFormat(directive, width, modifier, format);
     const int n = text.format(format, value);
     if (n < 0) return false;
     const wchar_t* wide = text.data();
@@ -299,9 +300,9 @@ bool PutNumber(const Spec& spec, const char* modifier, T value, Output& out) {
     return true;
 }
 
-bool PutSigned(const Spec& spec, va_list* args, Output& out) {
+bool PutSigned(const Directive& directive, va_list* args, Output& out) {
     std::intmax_t value;
-    switch (spec.length) {
+    switch (directive.length) {
         case Length::hh:
             value = static_cast<signed char>(va_arg(*args, int));
             break;
@@ -329,12 +330,12 @@ bool PutSigned(const Spec& spec, va_list* args, Output& out) {
             value = va_arg(*args, int);
             break;
     }
-    return PutNumber(spec, "j", value, out);
+    return PutNumber(directive, "j", value, out);
 }
 
-bool PutUnsigned(const Spec& spec, va_list* args, Output& out) {
+bool PutUnsigned(const Directive& directive, va_list* args, Output& out) {
     std::uintmax_t value;
-    switch (spec.length) {
+    switch (directive.length) {
         case Length::hh:
             value = static_cast<unsigned char>(va_arg(*args, int));
             break;
@@ -362,12 +363,13 @@ bool PutUnsigned(const Spec& spec, va_list* args, Output& out) {
             value = va_arg(*args, unsigned int);
             break;
     }
-    return PutNumber(spec, "j", value, out);
+    return PutNumber(directive, "j", value, out);
 }
 
-bool PutFloating(const Spec& spec, va_list* args, Output& out) {
-    if (spec.length == Length::L) return PutNumber(spec, "L", va_arg(*args, long double), out);
-    return PutNumber(spec, "", va_arg(*args, double), out);
+bool PutFloating(const Directive& directive, va_list* args, Output& out) {
+    if (directive.length == Length::L)
+        return PutNumber(directive, "L", va_arg(*args, long double), out);
+    return PutNumber(directive, "", va_arg(*args, double), out);
 }
 
 // ---------------------------------------------------------------------------
@@ -375,53 +377,54 @@ bool PutFloating(const Spec& spec, va_list* args, Output& out) {
 
 // Writes `n` units produced by `unit_at`, padded with blanks to the width.
 template <class UnitAt>
-void PutPadded(const Spec& spec, unsigned int n, UnitAt unit_at, Output& out) {
-    const unsigned int pad = spec.hasWidth && spec.width > n ? spec.width - n : 0;
-    if (!spec.minus) out.put_repeated(' ', pad);
+void PutPadded(const Directive& directive, unsigned int n, UnitAt unit_at, Output& out) {
+    const unsigned int pad = directive.hasWidth && directive.width > n ? directive.width - n : 0;
+    if (!directive.minus) out.put_repeated(' ', pad);
     for (unsigned int i = 0; i < n && !out.overflowed(); ++i) out.put(unit_at(i));
-    if (spec.minus) out.put_repeated(' ', pad);
+    if (directive.minus) out.put_repeated(' ', pad);
 }
 
 template <class Unit>
-unsigned int MeasureLimited(const Spec& spec, const Unit* text) {
+unsigned int MeasureLimited(const Directive& directive, const Unit* text) {
     unsigned int n = 0;
     // With a precision the text need not be terminated: nothing past the
     // precision is read.
-    while ((!spec.hasPrecision || n < spec.precision) && text[n] != 0) ++n;
+    while ((!directive.hasPrecision || n < directive.precision) && text[n] != 0) ++n;
     return n;
 }
 
-void PutWideString(const Spec& spec, va_list* args, Output& out) {
+void PutWideString(const Directive& directive, va_list* args, Output& out) {
     static const unsigned short kNull[] = {'(', 'n', 'u', 'l', 'l', ')', 0};
     const unsigned short* text = va_arg(*args, const unsigned short*);
     if (text == nullptr) text = kNull;
     PutPadded(
-        spec, MeasureLimited(spec, text), [text](unsigned int i) { return text[i]; }, out);
+        directive, MeasureLimited(directive, text), [text](unsigned int i) { return text[i]; },
+        out);
 }
 
 // A narrow string is ASCII by the library's convention; each byte is widened
 // to the unit of the same value.
-void PutNarrowString(const Spec& spec, va_list* args, Output& out) {
+void PutNarrowString(const Directive& directive, va_list* args, Output& out) {
     const char* text = va_arg(*args, const char*);
     if (text == nullptr) text = "(null)";
     PutPadded(
-        spec, MeasureLimited(spec, text),
+        directive, MeasureLimited(directive, text),
         [text](unsigned int i) {
             return static_cast<unsigned short>(static_cast<unsigned char>(text[i]));
         },
         out);
 }
 
-void PutChar(const Spec& spec, unsigned short unit, Output& out) {
+void PutChar(const Directive& directive, unsigned short unit, Output& out) {
     PutPadded(
-        spec, 1, [unit](unsigned int) { return unit; }, out);
+        directive, 1, [unit](unsigned int) { return unit; }, out);
 }
 
-bool IsWideForm(const Spec& spec, bool upperCase) {
+bool IsWideForm(const Directive& directive, bool upperCase) {
     // Lower-case s and c are wide unless marked h; upper-case S and C are
     // narrow unless marked l or w.
-    if (upperCase) return spec.length == Length::l || spec.length == Length::w;
-    return spec.length != Length::h;
+    if (upperCase) return directive.length == Length::l || directive.length == Length::w;
+    return directive.length != Length::h;
 }
 
 unsigned int UnitCount(const unsigned short* first, const unsigned short* last) {
@@ -442,21 +445,21 @@ int vstrprintf(ucs2string& target, const unsigned short* format, va_list args) {
             continue;
         }
         const unsigned short* start = p++;
-        Spec spec;
-        ParseSpec(p, &ap, spec);
-        switch (spec.conversion) {
+        Directive directive;
+        ParseDirective(p, &ap, directive);
+        switch (directive.conversion) {
             case '%':
                 out.put('%');
                 break;
             case 'd':
             case 'i':
-                failed = !PutSigned(spec, &ap, out);
+                failed = !PutSigned(directive, &ap, out);
                 break;
             case 'u':
             case 'o':
             case 'x':
             case 'X':
-                failed = !PutUnsigned(spec, &ap, out);
+                failed = !PutUnsigned(directive, &ap, out);
                 break;
             case 'e':
             case 'E':
@@ -466,27 +469,27 @@ int vstrprintf(ucs2string& target, const unsigned short* format, va_list args) {
             case 'G':
             case 'a':
             case 'A':
-                failed = !PutFloating(spec, &ap, out);
+                failed = !PutFloating(directive, &ap, out);
                 break;
             case 'p':
-                failed = !PutNumber(spec, "", va_arg(ap, void*), out);
+                failed = !PutNumber(directive, "", va_arg(ap, void*), out);
                 break;
             case 's':
             case 'S':
-                if (IsWideForm(spec, spec.conversion == 'S')) {
-                    PutWideString(spec, &ap, out);
+                if (IsWideForm(directive, directive.conversion == 'S')) {
+                    PutWideString(directive, &ap, out);
                 } else {
-                    PutNarrowString(spec, &ap, out);
+                    PutNarrowString(directive, &ap, out);
                 }
                 break;
             case 'c':
             case 'C': {
                 const int value = va_arg(ap, int);
                 const unsigned short unit =
-                    IsWideForm(spec, spec.conversion == 'C')
+                    IsWideForm(directive, directive.conversion == 'C')
                         ? static_cast<unsigned short>(value)
                         : static_cast<unsigned short>(static_cast<unsigned char>(value));
-                PutChar(spec, unit, out);
+                PutChar(directive, unit, out);
                 break;
             }
             case 'n':
