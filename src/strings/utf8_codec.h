@@ -58,15 +58,40 @@ inline bool AllAscii4(const unsigned short* p) {
 // True if the eight bytes at `p` are four well-formed two-byte sequences:
 // leads 110xxxxx at even offsets, continuation bytes 10xxxxxx at odd ones.
 inline bool FourTwoByteSequences(const unsigned char* p) {
+    if constexpr (!IsLittleEndian()) return false;
     std::uint64_t word;
     std::memcpy(&word, p, sizeof word);
-    // Bytes in memory order: the lowest byte of the word is p[0] on little-endian
-    // machines; compare byte by byte otherwise.
-    if constexpr (IsLittleEndian()) {
-        return (word & 0xC0E0C0E0C0E0C0E0ull) == 0x80C080C080C080C0ull;
-    } else {
-        return (word & 0xE0C0E0C0E0C0E0C0ull) == 0xC080C080C080C080ull;
-    }
+    return (word & 0xC0E0C0E0C0E0C0E0ull) == 0x80C080C080C080C0ull;
+}
+
+// Flags, in bit 7 of each byte, the bytes `b` of `word` for which
+// (b & mask) == value. Exact for every byte: no borrow crosses between bytes.
+inline std::uint64_t BytesMatching(std::uint64_t word, unsigned char mask, unsigned char value) {
+    constexpr std::uint64_t kLow7 = 0x7F7F7F7F7F7F7F7Full;
+    const std::uint64_t x =
+        (word & (0x0101010101010101ull * mask)) ^ (0x0101010101010101ull * value);
+    return ~(((x & kLow7) + kLow7) | x | kLow7);
+}
+
+// Looks at the eight bytes at `p`, which start a sequence. If they hold only
+// ASCII and whole two-byte sequences, the last byte possibly the lead of one
+// that goes on beyond them, returns the bytes up to that lead (7 or 8) and adds
+// their sequences to `*sequences`; otherwise returns 0. Such a window needs no
+// walk: every byte that is not a continuation byte starts one sequence.
+inline unsigned int TwoByteWindow(const unsigned char* p, unsigned int* sequences) {
+    if constexpr (!IsLittleEndian()) return 0;
+    std::uint64_t word;
+    std::memcpy(&word, p, sizeof word);
+    constexpr std::uint64_t kHigh = 0x8080808080808080ull;
+    const std::uint64_t continuation = BytesMatching(word, 0xC0, 0x80);
+    const std::uint64_t lead2 = BytesMatching(word, 0xE0, 0xC0);
+    const std::uint64_t lead3Plus = word & (word << 1) & (word << 2) & kHigh;
+    // Each lead followed by one continuation and each continuation after a
+    // lead, within the window; no longer sequences.
+    if (lead3Plus != 0 || continuation != (lead2 << 8)) return 0;
+    const unsigned int covered = (lead2 >> 63) != 0 ? 7u : 8u;
+    *sequences += covered - static_cast<unsigned int>(__builtin_popcountll(continuation));
+    return covered;
 }
 
 // Widens `n` ASCII bytes to units.

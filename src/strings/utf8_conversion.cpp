@@ -25,6 +25,19 @@ T* AllocateArray(std::uint64_t count) {
     }
 }
 
+// Counts the windows of eight bytes from `offset` that hold only ASCII and
+// whole two-byte sequences; returns the bytes they cover.
+std::uint64_t CountTwoByteWindows(const unsigned char* src, unsigned int bytes,
+                                  std::uint64_t offset, unsigned int* sequences) {
+    const std::uint64_t start = offset;
+    while (bytes - offset >= 8) {
+        const unsigned int covered = utf8_codec::TwoByteWindow(src + offset, sequences);
+        if (covered == 0) break;
+        offset += covered;
+    }
+    return offset - start;
+}
+
 }  // namespace
 
 long UCS2_ConvertToUTF8(const unsigned short* src, unsigned int count, unsigned char** out,
@@ -86,6 +99,7 @@ unsigned int UTF8_GetCharCount(const unsigned char* src, unsigned int bytes) {
                     offset += 8;
                     sequences += 8;
                 }
+                offset += CountTwoByteWindows(src, bytes, offset, &sequences);
                 continue;
             case 0x8:
             case 0x9:
@@ -95,11 +109,8 @@ unsigned int UTF8_GetCharCount(const unsigned char* src, unsigned int bytes) {
                 break;
             case 0xC:
             case 0xD:
-                // Runs of one sequence length are common: stay in a tight loop.
-                while (bytes - offset >= 8 && utf8_codec::FourTwoByteSequences(src + offset)) {
-                    offset += 8;
-                    sequences += 4;
-                }
+                // Text of one- and two-byte sequences is counted eight bytes at a time.
+                offset += CountTwoByteWindows(src, bytes, offset, &sequences);
                 // The block loop may have stopped anywhere: test before each step.
                 while (offset < bytes && (src[offset] & 0xE0) == 0xC0) {
                     offset += 2;
@@ -162,8 +173,9 @@ long UTF8_ConvertToUCS2(const unsigned char* src, unsigned int bytes, unsigned s
             case 0xC:
             case 0xD:
                 while (end - p >= 8 && utf8_codec::FourTwoByteSequences(p)) {
-                    for (int k = 0; k < 4; ++k)
+                    for (int k = 0; k < 4; ++k) {
                         target[k] = utf8_codec::Decode2(p[2 * k], p[2 * k + 1]);
+                    }
                     target += 4;
                     p += 8;
                 }

@@ -5,10 +5,27 @@
 #include <cstdlib>
 
 #include "kai18n/frame/result_codes.h"
+#include "kai18n/strings/lu_utf8_traits.h"
 #include "kai18n/strings/utf8_conversion.h"
+
+namespace {
+
+// The plain walk by sequence length that the fast count must agree with.
+unsigned int WalkedCount(const std::uint8_t* data, std::size_t size) {
+    std::size_t offset = 0;
+    unsigned int sequences = 0;
+    while (offset < size) {
+        offset += lu_utf8_traits::GetNbBytes(data[offset]);
+        ++sequences;
+    }
+    return offset == size ? sequences : 0;
+}
+
+}  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const auto bytes = static_cast<unsigned int>(size);
+    if (UTF8_GetCharCount(data, bytes) != WalkedCount(data, size)) std::abort();
     unsigned short* units = nullptr;
     unsigned int count = 0;
     const long rc = UTF8_ConvertToUCS2(data, bytes, &units, &count);
