@@ -134,28 +134,25 @@ void ucs2string_formatter::resize(unsigned int n) {
 // Assign and append
 
 void ucs2string_formatter::assign_helper(const unsigned short* text, unsigned int count) {
-    if (text == nullptr) {
-        count = 0;
-    } else if (count == npos) {
-        count = MeasureUnits(text);
-    }
-    const bool inside = text != nullptr && IsInside(text, m_data, m_capacity);
-    const std::size_t offset = inside ? static_cast<std::size_t>(text - m_data) : 0;
-    reserve_checked(count + 1ull);
-    MoveUnits(m_data, inside ? m_data + offset : text, count);
-    m_length = static_cast<unsigned short>(count);
-    m_data[count] = 0;
+    put_units(0, text, count);
 }
 
 void ucs2string_formatter::assign_helper(const unsigned char* text, unsigned int bytes) {
-    const unsigned int units = DecodableUnits(text, &bytes);
-    reserve_checked(units + 1ull);
-    if (units != 0) lu_utf8_traits::copy(m_data, text, units);
-    m_length = static_cast<unsigned short>(units);
-    m_data[units] = 0;
+    put_utf8(0, text, bytes);
 }
 
 void ucs2string_formatter::append_helper(const unsigned short* text, unsigned int count) {
+    put_units(m_length, text, count);
+}
+
+void ucs2string_formatter::append_helper(const unsigned char* text, unsigned int bytes) {
+    put_utf8(m_length, text, bytes);
+}
+
+// Writes the UTF-16 text at `at` and ends the text behind it. A text inside
+// this formatter is found again after reserve may have moved the storage.
+void ucs2string_formatter::put_units(unsigned int at, const unsigned short* text,
+                                     unsigned int count) {
     if (text == nullptr) {
         count = 0;
     } else if (count == npos) {
@@ -163,17 +160,20 @@ void ucs2string_formatter::append_helper(const unsigned short* text, unsigned in
     }
     const bool inside = text != nullptr && IsInside(text, m_data, m_capacity);
     const std::size_t offset = inside ? static_cast<std::size_t>(text - m_data) : 0;
-    reserve_checked(m_length + 1ull + count);
-    MoveUnits(m_data + m_length, inside ? m_data + offset : text, count);
-    m_length = static_cast<unsigned short>(m_length + count);
+    reserve_checked(at + 1ull + count);
+    MoveUnits(m_data + at, inside ? m_data + offset : text, count);
+    m_length = static_cast<unsigned short>(at + count);
     m_data[m_length] = 0;
 }
 
-void ucs2string_formatter::append_helper(const unsigned char* text, unsigned int bytes) {
+// Decodes the UTF-8 text at `at` and ends the text behind it; a sequence that
+// cannot be decoded is refused before anything changes.
+void ucs2string_formatter::put_utf8(unsigned int at, const unsigned char* text,
+                                    unsigned int bytes) {
     const unsigned int units = DecodableUnits(text, &bytes);
-    reserve_checked(m_length + 1ull + units);
-    if (units != 0) lu_utf8_traits::copy(m_data + m_length, text, units);
-    m_length = static_cast<unsigned short>(m_length + units);
+    reserve_checked(at + 1ull + units);
+    if (units != 0) lu_utf8_traits::copy(m_data + at, text, units);
+    m_length = static_cast<unsigned short>(at + units);
     m_data[m_length] = 0;
 }
 

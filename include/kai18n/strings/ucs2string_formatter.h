@@ -142,6 +142,8 @@ class ucs2string_formatter {
   private:
     // Reserves `n` units after checking that the step stays within 16 bits.
     void reserve_checked(unsigned long long n);
+    void put_units(unsigned int at, const unsigned short* text, unsigned int count);
+    void put_utf8(unsigned int at, const unsigned char* text, unsigned int bytes);
     // Writes the field around `count` units that `write_text` puts at the
     // given position.
     template <class WriteText>
