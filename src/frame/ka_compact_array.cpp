@@ -119,10 +119,7 @@ kaCompactArray<T>& kaCompactArray<T>::operator=(const kaCompactArray& other) {
 
 template <class T>
 kaCompactArray<T>::~kaCompactArray() {
-    if (m_owns) {
-        delete[] m_index;
-        delete[] m_data;
-    }
+    ReleaseArrays();
 }
 
 template <class T>
@@ -263,10 +260,7 @@ void kaCompactArray<T>::SetCopy(const kaCompactArray& other) {
     std::copy_n(other.m_data, dataCount, data);
 
     const bool compact = other.m_compact;
-    if (m_owns) {
-        delete[] m_index;
-        delete[] m_data;
-    }
+    ReleaseArrays();
     m_index = index;
     m_data = data;
     // The copy constructor and assignment have set these already; a direct
