@@ -63,6 +63,33 @@ bool IsInside(const unsigned short* p, const unsigned short* first, unsigned int
     return at_or_before(first, p) && before(p, first + capacity);
 }
 
+// A UTF-16 source of a write: its length, and for a text inside the
+// formatter its offset there, so that it can be found again after reserve
+// has moved the storage.
+class UnitSource {
+  public:
+    UnitSource(const unsigned short* text, unsigned int count, const unsigned short* data,
+               unsigned int capacity)
+        : m_text(text),
+          m_count(text == nullptr                       ? 0
+                  : count == ucs2string_formatter::npos ? MeasureUnits(text)
+                                                        : count),
+          m_inside(text != nullptr && IsInside(text, data, capacity)),
+          m_offset(m_inside ? static_cast<std::size_t>(text - data) : 0) {}
+
+    unsigned int count() const { return m_count; }
+    // Where the units are now, given the formatter's current storage.
+    const unsigned short* units(const unsigned short* data) const {
+        return m_inside ? data + m_offset : m_text;
+    }
+
+  private:
+    const unsigned short* m_text;
+    unsigned int m_count;
+    bool m_inside;
+    std::size_t m_offset;
+};
+
 // Writes the decimal digits of `value` backwards, ending just before `end`,
 // and returns the position of the first digit.
 unsigned short* WriteDigitsBackwards(unsigned short* end, unsigned long value) {
@@ -153,16 +180,10 @@ void ucs2string_formatter::append_helper(const unsigned char* text, unsigned int
 // this formatter is found again after reserve may have moved the storage.
 void ucs2string_formatter::put_units(unsigned int at, const unsigned short* text,
                                      unsigned int count) {
-    if (text == nullptr) {
-        count = 0;
-    } else if (count == npos) {
-        count = MeasureUnits(text);
-    }
-    const bool inside = text != nullptr && IsInside(text, m_data, m_capacity);
-    const std::size_t offset = inside ? static_cast<std::size_t>(text - m_data) : 0;
-    reserve_checked(at + 1ull + count);
-    MoveUnits(m_data + at, inside ? m_data + offset : text, count);
-    m_length = static_cast<unsigned short>(at + count);
+    const UnitSource source(text, count, m_data, m_capacity);
+    reserve_checked(at + 1ull + source.count());
+    MoveUnits(m_data + at, source.units(m_data), source.count());
+    m_length = static_cast<unsigned short>(at + source.count());
     m_data[m_length] = 0;
 }
 
@@ -222,15 +243,9 @@ void ucs2string_formatter::write_field(unsigned int count, int width, int align,
 
 void ucs2string_formatter::append_formatted_helper(const unsigned short* text, unsigned int count,
                                                    int width, int align, unsigned short fill) {
-    if (text == nullptr) {
-        count = 0;
-    } else if (count == npos) {
-        count = MeasureUnits(text);
-    }
-    const bool inside = text != nullptr && IsInside(text, m_data, m_capacity);
-    const std::size_t offset = inside ? static_cast<std::size_t>(text - m_data) : 0;
-    write_field(count, width, align, fill, [&](unsigned short* out, unsigned int n) {
-        MoveUnits(out, inside ? m_data + offset : text, n);
+    const UnitSource source(text, count, m_data, m_capacity);
+    write_field(source.count(), width, align, fill, [&](unsigned short* out, unsigned int n) {
+        MoveUnits(out, source.units(m_data), n);
     });
 }
 
