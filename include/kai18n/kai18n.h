@@ -19,4 +19,11 @@
 #include "kai18n/strings/ucs2string_formatter.h"
 #include "kai18n/strings/utf8_conversion.h"
 
+// Locale framework
+#include "kai18n/locale/lu_locale.h"
+
+// Locale facets
+#include "kai18n/facets/lu_ctype.h"
+#include "kai18n/facets/lu_ctype_impl.h"
+
 #endif  // KAI18N_KAI18N_H
