@@ -16,6 +16,16 @@ if(KAI18N_SANITIZE)
     target_link_options(kai18n_build_flags INTERFACE ${_kai18n_san})
 endif()
 
+# ThreadSanitizer builds run the tests that share locales across threads.
+if(KAI18N_TSAN)
+    if(KAI18N_SANITIZE OR KAI18N_BUILD_FUZZ)
+        message(FATAL_ERROR "KAI18N_TSAN cannot be combined with AddressSanitizer builds")
+    endif()
+    set(_kai18n_tsan -fsanitize=thread -fno-omit-frame-pointer)
+    target_compile_options(kai18n_build_flags INTERFACE ${_kai18n_tsan})
+    target_link_options(kai18n_build_flags INTERFACE ${_kai18n_tsan})
+endif()
+
 # Fuzz builds instrument the library for coverage and check memory on every input.
 if(KAI18N_BUILD_FUZZ)
     if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "Clang")

@@ -3,6 +3,8 @@
 #   scripts/test.sh             the ordinary build, in build/test
 #   scripts/test.sh --sanitize  under AddressSanitizer + UndefinedBehaviorSanitizer, in build/asan
 #   scripts/test.sh --clang     built with clang++-14, in build/clang
+#   scripts/test.sh --tsan      the tests of locales shared across threads under
+#                               ThreadSanitizer, in build/tsan
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -16,6 +18,10 @@ if [ "${1:-}" = "--sanitize" ]; then
 elif [ "${1:-}" = "--clang" ]; then
     dir=build/clang
     flags=(-DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_COMPILER=clang++-14)
+elif [ "${1:-}" = "--tsan" ]; then
+    dir=build/tsan
+    flags=(-DCMAKE_BUILD_TYPE=RelWithDebInfo -DKAI18N_TSAN=ON)
+    export TSAN_OPTIONS=halt_on_error=1:second_deadlock_stack=1
 fi
 
 cmake -S . -B "$dir" -G Ninja "${flags[@]}" -DKAI18N_BUILD_TESTS=ON -DKAI18N_BUILD_EXAMPLES=ON
