@@ -2,7 +2,8 @@
 //
 // Every unit has one 32-bit property word; every question about a unit is a
 // bit test on that word. The word is found through an index of 128-unit
-// blocks, a list of runs for each block and a table of distinct words:
+// blocks, a list of runs for each block and a table of words (one entry per
+// kind of character; two kinds may share a value):
 //
 //   index[c >> 7] -> first run entry of c's block
 //   run entry     -> high 9 bits: property index, low 7 bits: run length
