@@ -1,5 +1,6 @@
 // A first look at kai18n: a text through UTF-8 and UTF-16 and back, a few
-// fields laid out by the string formatter, and a failure reported by code.
+// fields laid out by the string formatter, character classes and case through
+// a locale's facet, and a failure reported by code.
 #include <kai18n/kai18n.h>
 
 #include <iostream>
@@ -48,6 +49,22 @@ int main() {
     strprintf(summary, ucs2string(Utf8("%s has %d units")).c_str(), greeting.c_str(),
               static_cast<int>(greeting.length()));
     std::cout << "strprintf:   " << summary << '\n';
+
+    // A locale holds facets; the character-class facet classifies and maps
+    // case by the Unicode data.
+    auto* body = new lu_locale::_Impl(1, 0);
+    body->_M_install_facet(&lu_ctype::id, new lu_ctype(0));
+    const lu_locale locale(body);
+    ucs2string upper;
+    lu_toupper(upper, greeting, locale);
+    std::cout << "upper case:  " << upper << '\n';
+    const lu_ctype_impl& classes = lu_use_facet<lu_ctype>(locale).impl();
+    int letters = 0, han = 0;
+    for (unsigned short unit : greeting) {
+        letters += classes.IsAlpha(unit);
+        han += lu_ctype_impl::IsHan(unit);
+    }
+    std::cout << "letters      " << letters << ", of them Han " << han << '\n';
 
     // Failures arrive as LUException with a result code.
     try {
