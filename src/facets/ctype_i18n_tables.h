@@ -10,5 +10,6 @@ extern const unsigned int kCtypeI18nRunCount;
 extern const unsigned int kCtypeI18nPropertyCount;
 extern const unsigned int kCtypeI18nNumberCount;
 extern const unsigned int kCtypeI18nDeltaCount;
+extern const unsigned int kCtypeI18nBlockCount;
 
 #endif  // KAI18N_FACETS_CTYPE_I18N_TABLES_H

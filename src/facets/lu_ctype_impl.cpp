@@ -2,8 +2,22 @@
 
 #include "kai18n/facets/lu_ctype.h"
 
+namespace {
+
+bool IsBuiltIn(const lu_ctype_impl::StaticStorage& tables) {
+    const lu_ctype_impl::StaticStorage& builtIn = lu_ctype_impl::kCtype_i18n;
+    return tables.index == builtIn.index && tables.runs == builtIn.runs &&
+           tables.properties == builtIn.properties && tables.numbers == builtIn.numbers &&
+           tables.deltas == builtIn.deltas;
+}
+
+}  // namespace
+
+// A record that points at the built-in tables, as the locale records do, gets
+// their expansion too; any other record is read through its runs.
 lu_ctype_impl::lu_ctype_impl(const StaticStorage* storage)
-    : m_tables(storage != nullptr ? *storage : kCtype_i18n) {}
+    : m_tables(storage != nullptr ? *storage : kCtype_i18n),
+      m_blocks(IsBuiltIn(m_tables) ? kCtype_i18n_blocks : BlockTable{nullptr, nullptr}) {}
 
 unsigned int lu_ctype_impl::GetPropertyMask(unsigned short c) const {
     const unsigned int word = FindProperty(c);

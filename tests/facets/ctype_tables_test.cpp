@@ -5,6 +5,7 @@
 #include <map>
 #include <sstream>
 #include <string>
+#include <vector>
 
 #include "facets/ctype_i18n_tables.h"
 #include "kai18n/facets/lu_ctype_impl.h"
@@ -128,6 +129,38 @@ TEST(CtypeTablesTest, EveryBlockIsCoveredExactlyByItsRuns) {
         EXPECT_LT((word >> 8) & 0x3F, kCtypeI18nNumberCount) << "properties[" << i << "]";
         EXPECT_LT(word & 0xFF, kCtypeI18nDeltaCount) << "properties[" << i << "]";
     }
+}
+
+// The two-load expansion of the built-in tables gives every unit the word that
+// its runs give, and only the built-in record (by its five pointers) uses it.
+TEST(CtypeTablesTest, BlockExpansionAgreesWithTheRunsForEveryUnit) {
+    const lu_ctype_impl builtIn;
+    int mismatches = 0;
+    for (unsigned int c = 0; c <= 0xFFFF && mismatches < 5; ++c) {
+        const auto unit = static_cast<unsigned short>(c);
+        const unsigned int fromRuns = lu_ctype_impl::FindPropertyInRuns(kTables, unit);
+        if (builtIn.FindProperty(unit) != fromRuns) {
+            ++mismatches;
+            ADD_FAILURE() << std::hex << "U+" << c << ": blocks " << builtIn.FindProperty(unit)
+                          << ", runs " << fromRuns;
+        }
+    }
+    for (unsigned int block = 0; block < kCtypeI18nIndexSize; ++block) {
+        EXPECT_LT(lu_ctype_impl::kCtype_i18n_blocks.block_of[block], kCtypeI18nBlockCount);
+    }
+
+    // A record with the built-in tables but one word table of its own must be
+    // read through its runs.
+    std::vector<unsigned int> words(kTables.properties,
+                                    kTables.properties + kCtypeI18nPropertyCount);
+    const unsigned int letterA = lu_ctype_impl::FindPropertyInRuns(kTables, 'A');
+    for (unsigned int& word : words) {
+        if (word == letterA) word = 0x58800000;  // A becomes a currency sign
+    }
+    lu_ctype_impl::StaticStorage own = kTables;
+    own.properties = words.data();
+    EXPECT_EQ(lu_ctype_impl(&own).FindProperty('A'), 0x58800000u);
+    EXPECT_EQ(lu_ctype_impl(&own).FindProperty('b'), builtIn.FindProperty('b'));
 }
 
 TEST(CtypeTablesTest, OrientationRowsHaveTheirWords) {

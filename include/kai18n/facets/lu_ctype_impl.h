@@ -33,45 +33,55 @@ class lu_ctype_impl {
   public:
     /// The tables of one provider, read-only and never freed by their users.
     struct StaticStorage {
-        const unsigned short* index;       // 512 entries, one per 128-unit block
-        const unsigned short* runs;        // run entries, from an index value onward
-        const unsigned int* properties;    // property words, by a run entry >> 7
-        const lu_ctype_number* numbers;    // by bits 13..8 of a word
-        const short* deltas;               // by the low byte of a word
+        const unsigned short* index;     // 512 entries, one per 128-unit block
+        const unsigned short* runs;      // run entries, from an index value onward
+        const unsigned int* properties;  // property words, by a run entry >> 7
+        const lu_ctype_number* numbers;  // by bits 13..8 of a word
+        const short* deltas;             // by the low byte of a word
     };
 
     /// The built-in tables: the Unicode Character Database 3.0.
     static const StaticStorage kCtype_i18n;
 
+    /// Property words by unit, in blocks of 128 with equal blocks shared:
+    /// `words[block_of[c >> 7] * 128 + (c & 127)]`.
+    struct BlockTable {
+        const unsigned char* block_of;
+        const unsigned int* words;
+    };
+    /// The built-in tables expanded so: a facet on the built-in record looks a
+    /// word up with two loads instead of a walk through a block's runs.
+    static const BlockTable kCtype_i18n_blocks;
+
     // General classes: the values of `word & kClassMask`.
     static const unsigned int kClassMask = 0x7FC00000;
-    static const unsigned int kControl = 0x20000000;          // Cc
-    static const unsigned int kFormat = 0x20400000;           // Cf
-    static const unsigned int kLineSeparator = 0x20800000;    // Zl
-    static const unsigned int kParaSeparator = 0x20C00000;    // Zp
-    static const unsigned int kSpaceSeparator = 0x40000000;   // Zs
-    static const unsigned int kOtherLetter = 0x50000000;      // Lo
-    static const unsigned int kUppercase = 0x50400000;        // Lu
-    static const unsigned int kLowercase = 0x50800000;        // Ll
-    static const unsigned int kTitlecase = 0x50C00000;        // Lt
-    static const unsigned int kModifierLetter = 0x51000000;   // Lm
-    static const unsigned int kDecimalDigit = 0x52000000;     // Nd
-    static const unsigned int kLetterNumber = 0x52400000;     // Nl
-    static const unsigned int kOtherNumber = 0x52800000;      // No
-    static const unsigned int kOtherPunct = 0x54000000;       // Po
-    static const unsigned int kOpenPunct = 0x54400000;        // Ps, Pi
-    static const unsigned int kClosePunct = 0x54800000;       // Pe, Pf
-    static const unsigned int kConnectorPunct = 0x54C00000;   // Pc
-    static const unsigned int kDashPunct = 0x55000000;        // Pd
-    static const unsigned int kOtherSymbol = 0x58000000;      // So
-    static const unsigned int kMathSymbol = 0x58400000;       // Sm
-    static const unsigned int kCurrencySymbol = 0x58800000;   // Sc
-    static const unsigned int kModifierSymbol = 0x58C00000;   // Sk
-    static const unsigned int kNonSpacingMark = 0x5C000000;   // Mn
-    static const unsigned int kSpacingMark = 0x5C400000;      // Mc
-    static const unsigned int kEnclosingMark = 0x5C800000;    // Me
-    static const unsigned int kPrivateUse = 0x60000000;       // Co
-    static const unsigned int kSurrogate = 0x60400000;        // Cs
+    static const unsigned int kControl = 0x20000000;         // Cc
+    static const unsigned int kFormat = 0x20400000;          // Cf
+    static const unsigned int kLineSeparator = 0x20800000;   // Zl
+    static const unsigned int kParaSeparator = 0x20C00000;   // Zp
+    static const unsigned int kSpaceSeparator = 0x40000000;  // Zs
+    static const unsigned int kOtherLetter = 0x50000000;     // Lo
+    static const unsigned int kUppercase = 0x50400000;       // Lu
+    static const unsigned int kLowercase = 0x50800000;       // Ll
+    static const unsigned int kTitlecase = 0x50C00000;       // Lt
+    static const unsigned int kModifierLetter = 0x51000000;  // Lm
+    static const unsigned int kDecimalDigit = 0x52000000;    // Nd
+    static const unsigned int kLetterNumber = 0x52400000;    // Nl
+    static const unsigned int kOtherNumber = 0x52800000;     // No
+    static const unsigned int kOtherPunct = 0x54000000;      // Po
+    static const unsigned int kOpenPunct = 0x54400000;       // Ps, Pi
+    static const unsigned int kClosePunct = 0x54800000;      // Pe, Pf
+    static const unsigned int kConnectorPunct = 0x54C00000;  // Pc
+    static const unsigned int kDashPunct = 0x55000000;       // Pd
+    static const unsigned int kOtherSymbol = 0x58000000;     // So
+    static const unsigned int kMathSymbol = 0x58400000;      // Sm
+    static const unsigned int kCurrencySymbol = 0x58800000;  // Sc
+    static const unsigned int kModifierSymbol = 0x58C00000;  // Sk
+    static const unsigned int kNonSpacingMark = 0x5C000000;  // Mn
+    static const unsigned int kSpacingMark = 0x5C400000;     // Mc
+    static const unsigned int kEnclosingMark = 0x5C800000;   // Me
+    static const unsigned int kPrivateUse = 0x60000000;      // Co
+    static const unsigned int kSurrogate = 0x60400000;       // Cs
 
     // Direction classes: the values of `word & kDirectionMask`; bit 31 marks
     // the neutrals.
@@ -109,7 +119,17 @@ class lu_ctype_impl {
 
     /// The property word of `c`.
     unsigned int FindProperty(unsigned short c) const {
-        const unsigned short* run = m_tables.runs + m_tables.index[c >> 7];
+        if (m_blocks.words != nullptr) {
+            return m_blocks
+                .words[(static_cast<unsigned int>(m_blocks.block_of[c >> 7]) << 7) | (c & 0x7Fu)];
+        }
+        return FindPropertyInRuns(m_tables, c);
+    }
+
+    /// The property word of `c` read from `tables` by their runs, walking a
+    /// mixed block from its start.
+    static unsigned int FindPropertyInRuns(const StaticStorage& tables, unsigned short c) {
+        const unsigned short* run = tables.runs + tables.index[c >> 7];
         unsigned int entry = *run;
         if ((entry & 0x7F) != 0) {
             unsigned int limit = (c & ~0x7Fu) + (entry & 0x7F);
@@ -118,7 +138,7 @@ class lu_ctype_impl {
                 limit += entry & 0x7F;
             }
         }
-        return m_tables.properties[entry >> 7];
+        return tables.properties[entry >> 7];
     }
 
     /// The classification mask of lu_ctype_abc for `c`.
@@ -216,6 +236,8 @@ class lu_ctype_impl {
     unsigned int ClassOf(unsigned short c) const { return FindProperty(c) & kClassMask; }
 
     StaticStorage m_tables;
+    // kCtype_i18n_blocks when m_tables are the built-in tables, else nulls.
+    BlockTable m_blocks;
 };
 
 #endif  // KAI18N_FACETS_LU_CTYPE_IMPL_H
