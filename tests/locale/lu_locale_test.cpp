@@ -128,7 +128,8 @@ TEST(LuLocaleTest, HandlesShareOneCountedBody) {
         lu_locale c = MakeLocale(1);
         c = b;
         EXPECT_EQ(3u, impl->GetReferenceCount());
-        c = c;
+        const lu_locale& same = c;
+        c = same;  // self-assignment keeps the count
         EXPECT_EQ(3u, impl->GetReferenceCount());
     }
     EXPECT_EQ(1u, impl->GetReferenceCount());
