@@ -25,5 +25,7 @@
 // Locale facets
 #include "kai18n/facets/lu_ctype.h"
 #include "kai18n/facets/lu_ctype_impl.h"
+#include "kai18n/facets/lu_double_traits.h"
+#include "kai18n/facets/lu_numpunct.h"
 
 #endif  // KAI18N_KAI18N_H
