@@ -23,6 +23,7 @@
 #include "kai18n/locale/lu_locale.h"
 
 // Locale facets
+#include "kai18n/facets/lu_ctime.h"
 #include "kai18n/facets/lu_ctype.h"
 #include "kai18n/facets/lu_ctype_impl.h"
 #include "kai18n/facets/lu_double_traits.h"
