@@ -1,0 +1,152 @@
+// Reads every type through lu_num_get from random UTF-16 text under random
+// punctuation: negative mode 0 to 4, separator, group sizes (0xFFFF among
+// them), decimal point, signs and exponent letter, with or without a character
+// facet, over a random range of the text. A read may raise only
+// LU_E_OUT_OF_RANGE (and only when the range ends at the string's end) or, for
+// an integer type other than bool, LU_E_SCAN_OVERFLOW; it returns an iterator
+// within the range, and the integer types agree with one another.
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <initializer_list>
+#include <vector>
+
+#include "fuzz_support.h"
+#include "kai18n/facets/lu_num_get.h"
+#include "kai18n/frame/ilu_ptr.h"
+#include "kai18n/frame/result_codes.h"
+
+namespace {
+
+class Input {
+  public:
+    Input(const std::uint8_t* data, std::size_t size) : m_data(data), m_size(size) {}
+    bool more() const { return m_pos < m_size; }
+    unsigned byte() { return m_pos < m_size ? m_data[m_pos++] : 0; }
+    unsigned short unit() { return static_cast<unsigned short>((byte() << 8) | byte()); }
+    // One of `choices`, or any unit for the index past them.
+    unsigned short pick(std::initializer_list<unsigned short> choices) {
+        const unsigned index = byte() % (choices.size() + 1);
+        return index < choices.size() ? choices.begin()[index] : unit();
+    }
+
+  private:
+    const std::uint8_t* m_data;
+    std::size_t m_size;
+    std::size_t m_pos = 0;
+};
+
+// A unit from the text: mostly the characters numbers are made of.
+unsigned short TextUnit(Input& in) {
+    static const unsigned short common[] = {u'0', u'1', u'5', u'9', u'-', u'+',   u',',   u'.',
+                                            u' ', u'(', u')', u'e', u'E', 0x0660, 0x0969, 0};
+    const unsigned b = in.byte();
+    if (b < 0xC0) return common[b % (sizeof common / sizeof common[0])];
+    return in.unit();
+}
+
+struct Result {
+    long code;
+    unsigned int end;
+};
+
+// Runs one read; checks the code it may raise and where its iterator lies.
+template <class T>
+Result ReadOne(const lu_num_get& reader, const ucs2string& text, unsigned int first,
+               unsigned int last, T& value, bool may_overflow) {
+    Result result = {0, 0};
+    try {
+        const const_ucs2string_iterator end =
+            reader.get(text.begin() + first, text.begin() + last, value);
+        Check(end.string() == &text);
+        Check(end.index() >= first && end.index() <= last);
+        result.end = end.index();
+    } catch (const LUException& error) {
+        result.code = error.GetResult();
+        Check((result.code == LU_E_OUT_OF_RANGE && last == text.length()) ||
+              (result.code == LU_E_SCAN_OVERFLOW && may_overflow));
+    }
+    return result;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    Input in(data, size);
+
+    // Punctuation.
+    const int mode = static_cast<int>(in.byte() % 5);
+    const unsigned short point = in.pick({u'.', u',', 0x066B});
+    const unsigned short separator = in.pick({0, u',', u'.', u' ', 0x00A0, u'\''});
+    std::vector<unsigned short> grouping;
+    for (unsigned count = in.byte() % 4; count > 0; --count) {
+        const unsigned short size = in.pick({1, 2, 3, 4, 0xFFFF});
+        if (size != 0) grouping.push_back(size);
+    }
+    grouping.push_back(0);
+    unsigned short block[lu_numeric_punctuation::kBlockSize];
+    for (unsigned i = 0; i < lu_numeric_punctuation::kBlockSize; ++i) {
+        block[i] = lu_numeric_punctuation::kDefaultBlock[i];
+    }
+    block[lu_numeric_punctuation::kNegativeSign] = in.pick({u'-', 0x2212, u'('});
+    block[lu_numeric_punctuation::kPositiveSign] = in.pick({u'+', u'-'});
+    block[lu_numeric_punctuation::kLowerExponent] = in.pick({u'e', u'E', 0x0665});
+    const lu_numeric_punctuation::StaticStorage storage = {
+        mode, point, separator, grouping.data(), block, lu_numeric_punctuation::kDefaultFormats};
+    const ilu_const_ptr<lu_numpunct> punct(new lu_numpunct(&storage, 0));
+    const ilu_const_ptr<lu_ctype> ctype(in.byte() % 2 == 0 ? new lu_ctype(0) : nullptr);
+    const ilu_const_ptr<lu_num_get> reader(new lu_num_get(punct.get(), ctype.get(), 0));
+
+    // Text and range.
+    std::vector<unsigned short> units;
+    const unsigned first_pick = in.byte();
+    const unsigned last_pick = in.byte();
+    while (in.more() && units.size() < 256) units.push_back(TextUnit(in));
+    const ucs2string text(units.data(), static_cast<unsigned int>(units.size()));
+    const unsigned int length = text.length();
+    const unsigned int first = first_pick % (length + 1);
+    const unsigned int last = last_pick < 0x80 ? length : first + last_pick % (length - first + 1);
+
+    double d = 0;
+    Result r = ReadOne(*reader, text, first, last, d, false);
+    Check(r.code == 0 && !std::isnan(d));
+    float f = 0;
+    r = ReadOne(*reader, text, first, last, f, false);
+    Check(r.code == 0 && !std::isnan(f));
+
+    unsigned short us = 0;
+    unsigned int ui = 0;
+    unsigned long ul = 0;
+    short s = 0;
+    int i = 0;
+    long l = 0;
+    bool b = false;
+    const Result rus = ReadOne(*reader, text, first, last, us, true);
+    const Result rui = ReadOne(*reader, text, first, last, ui, true);
+    const Result rul = ReadOne(*reader, text, first, last, ul, true);
+    const Result rs = ReadOne(*reader, text, first, last, s, true);
+    const Result ri = ReadOne(*reader, text, first, last, i, true);
+    const Result rl = ReadOne(*reader, text, first, last, l, true);
+    const Result rb = ReadOne(*reader, text, first, last, b, false);
+
+    // One scanner under all of them: long reads as int, unsigned long as
+    // unsigned int, and the end is the same wherever no code came out.
+    Check(rl.code == ri.code && l == i && (ri.code != 0 || rl.end == ri.end));
+    Check(rul.code == rui.code && ul == ui && (rui.code != 0 || rul.end == rui.end));
+    Check(l >= -2147483647L - 1 && l <= 2147483647L && ul <= 4294967295UL);
+    if (rb.code == LU_E_OUT_OF_RANGE) {
+        for (const Result* other : {&rus, &rui, &rs, &ri}) Check(other->code == LU_E_OUT_OF_RANGE);
+        return 0;
+    }
+    for (const Result* other : {&rus, &rui, &rul, &rs, &ri, &rl}) {
+        Check(other->code != LU_E_OUT_OF_RANGE);
+        if (other->code == 0) Check(other->end == rb.end);
+    }
+    // Nothing read: the integer types store 0 and end at `first`.
+    if (rb.end == first && ri.code == 0) Check(i == 0 && !b);
+    // A value that every type holds reads the same in each.
+    if (rs.code == 0 && s > 0) Check(rus.code == 0 && us == static_cast<unsigned short>(s));
+    if (ri.code == 0 && i > 0) Check(rui.code == 0 && ui == static_cast<unsigned int>(i));
+    if (ri.code == 0) Check(b == (i != 0));
+    return 0;
+}
