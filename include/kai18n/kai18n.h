@@ -27,6 +27,8 @@
 #include "kai18n/facets/lu_ctype.h"
 #include "kai18n/facets/lu_ctype_impl.h"
 #include "kai18n/facets/lu_double_traits.h"
+#include "kai18n/facets/lu_num_get.h"
+#include "kai18n/facets/lu_num_put.h"
 #include "kai18n/facets/lu_numpunct.h"
 
 #endif  // KAI18N_KAI18N_H
