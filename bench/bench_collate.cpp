@@ -13,6 +13,7 @@
 
 #include "kai18n/facets/lu_collate.h"
 #include "kai18n/frame/ilu_ptr.h"
+#include "kai18n/locale/lu_locale.h"
 #include "kai18n/strings/ucs2string.h"
 #include "ratio_reporter.h"
 
@@ -69,6 +70,42 @@ void CompareKai18n(benchmark::State& state) {
             sum += facet->compare(a.data(), a.data() + a.length(), b.data(), b.data() + b.length());
         }
         benchmark::DoNotOptimize(sum);
+    }
+    state.SetItemsProcessed(static_cast<int64_t>(state.iterations() * pairs.size()));
+}
+
+// lu_locale::operator() on a locale whose collation is en_US: the facet
+// look-up and the compare, as callers sorting with a locale pay them.
+void LocaleLessKai18n(benchmark::State& state) {
+    auto* impl = new lu_locale::_Impl(*lu_locale::classic()._M_get_impl(), 0);
+    impl->_M_install_facet(&lu_collate::id, new lu_collate(std::string("en_US")));
+    const lu_locale locale(impl);
+    std::vector<std::pair<ucs2string, ucs2string>> pairs;
+    for (const auto& [a, b] : WordPairs()) pairs.emplace_back(Ucs2(a), Ucs2(b));
+    for (auto _ : state) {
+        int before = 0;
+        for (const auto& pair : pairs) before += locale(pair.first, pair.second) ? 1 : 0;
+        benchmark::DoNotOptimize(before);
+    }
+    state.SetItemsProcessed(static_cast<int64_t>(state.iterations() * pairs.size()));
+}
+
+void LocaleLessIcu(benchmark::State& state) {
+    UErrorCode status = U_ZERO_ERROR;
+    const std::unique_ptr<icu::Collator> collator(
+        icu::Collator::createInstance(icu::Locale("en_US"), status));
+    if (U_FAILURE(status)) {
+        state.SkipWithError("no collator");
+        return;
+    }
+    std::vector<std::pair<icu::UnicodeString, icu::UnicodeString>> pairs;
+    for (const auto& [a, b] : WordPairs()) pairs.emplace_back(Icu(a), Icu(b));
+    for (auto _ : state) {
+        int before = 0;
+        for (const auto& pair : pairs) {
+            before += collator->compare(pair.first, pair.second, status) < 0 ? 1 : 0;
+        }
+        benchmark::DoNotOptimize(before);
     }
     state.SetItemsProcessed(static_cast<int64_t>(state.iterations() * pairs.size()));
 }
@@ -162,6 +199,8 @@ void SortKeyIcu(benchmark::State& state) {
 BENCHMARK(CompareKai18n)->Name("CollateCompare10000Pairs/kai18n");
 BENCHMARK(CompareIcu)->Name("CollateCompare10000Pairs/icu");
 BENCHMARK(CompareIcuSameBuffers)->Name("CollateCompare10000Pairs/icu_same_buffers");
+BENCHMARK(LocaleLessKai18n)->Name("LocaleLess10000Pairs/kai18n");
+BENCHMARK(LocaleLessIcu)->Name("LocaleLess10000Pairs/icu");
 BENCHMARK(SortKeyKai18n)->Name("CollateSortKey10000Words/kai18n");
 BENCHMARK(SortKeyIcu)->Name("CollateSortKey10000Words/icu");
 

@@ -9,6 +9,10 @@ os_critical_section& lu_locale_lock() {
     return *lock;
 }
 
-lu_locale_lock_guard::lu_locale_lock_guard() { lu_locale_lock().lock(); }
+lu_locale_lock_guard::lu_locale_lock_guard() {
+    lu_locale_lock().lock();
+}
 
-lu_locale_lock_guard::~lu_locale_lock_guard() { lu_locale_lock().unlock(); }
+lu_locale_lock_guard::~lu_locale_lock_guard() {
+    lu_locale_lock().unlock();
+}

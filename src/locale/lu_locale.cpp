@@ -76,11 +76,15 @@ void lu_locale::id::assign_if_unset() const {
 // ---- bodies
 
 lu_locale::_Impl::_Impl(unsigned int slots, unsigned int refs)
-    : iluSharedObject(refs), m_facets(slots, nullptr), m_names(kCategoryCount, "*"),
+    : iluSharedObject(refs),
+      m_facets(slots, nullptr),
+      m_names(kCategoryCount, "*"),
       m_named(false) {}
 
 lu_locale::_Impl::_Impl(const _Impl& other, unsigned int refs)
-    : iluSharedObject(refs), m_facets(other.m_facets), m_names(other.m_names),
+    : iluSharedObject(refs),
+      m_facets(other.m_facets),
+      m_names(other.m_names),
       m_named(other.m_named) {
     for (facet* f : m_facets) {
         if (f != nullptr) f->AddReference();

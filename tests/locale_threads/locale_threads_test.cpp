@@ -77,3 +77,16 @@ TEST(LocaleThreadsTest, DifferentIdsGetDifferentNumbersAcrossThreads) {
     EXPECT_EQ(static_cast<size_t>(kThreads), numbers.size());
     EXPECT_EQ(0u, numbers.count(0));
 }
+
+TEST(LocaleThreadsTest, ClassicAndGlobalFromManyThreadsAtOnce) {
+    std::vector<const lu_locale::_Impl*> seen(kThreads);
+    RunTogether([&](int t) {
+        const lu_locale classic = lu_locale::classic();
+        seen[t] = classic._M_get_impl();
+        for (int i = 0; i < 2000; ++i) {
+            const lu_locale global;
+            if (lu_use_facet<lu_ctype>(global).toupper(u'q') != u'Q') seen[t] = nullptr;
+        }
+    });
+    for (const lu_locale::_Impl* impl : seen) EXPECT_EQ(lu_locale::classic()._M_get_impl(), impl);
+}
