@@ -9,7 +9,11 @@
 #include "kai18n/frame/ka_compact_array.h"
 #include "kai18n/frame/result_codes.h"
 #include "kai18n/frame/timelib_exceptions.h"
+#include "kai18n/platform/char_encoding.h"
+#include "kai18n/platform/ka_collation.h"
+#include "kai18n/platform/ka_convertion.h"
 #include "kai18n/platform/kalib.h"
+#include "kai18n/platform/lu_render.h"
 
 // Unicode strings
 #include "kai18n/strings/lu_utf8_traits.h"
@@ -21,8 +25,11 @@
 
 // Locale framework
 #include "kai18n/locale/lu_locale.h"
+#include "kai18n/locale/lu_locale_ident.h"
 
 // Locale facets
+#include "kai18n/facets/lu_codecvt.h"
+#include "kai18n/facets/lu_collate.h"
 #include "kai18n/facets/lu_ctime.h"
 #include "kai18n/facets/lu_ctype.h"
 #include "kai18n/facets/lu_ctype_impl.h"
@@ -30,5 +37,7 @@
 #include "kai18n/facets/lu_num_get.h"
 #include "kai18n/facets/lu_num_put.h"
 #include "kai18n/facets/lu_numpunct.h"
+#include "kai18n/facets/lu_reserved_facets.h"
+#include "kai18n/facets/lu_simple_shaper.h"
 
 #endif  // KAI18N_KAI18N_H
