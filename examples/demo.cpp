@@ -66,6 +66,13 @@ int main() {
     }
     std::cout << "letters      " << letters << ", of them Han " << han << '\n';
 
+    // Real locales come from the catalog: its data module loads on first use.
+    const lu_locale german("de_DE");
+    const lu_numpunct& punct = lu_use_facet<lu_numpunct>(german);
+    std::cout << "de_DE:       decimal point '" << static_cast<char>(punct.decimal_point())
+              << "', March is " << ucs2string(lu_use_facet<lu_ctime>(german).GetNameOfMonth(3))
+              << ", " << lu_use_facet<lu_locale_ident>(german).locale_name() << '\n';
+
     // Failures arrive as LUException with a result code.
     try {
         greeting.substr(1000);
