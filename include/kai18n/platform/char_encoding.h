@@ -265,6 +265,13 @@ class EncodingEngineLease {
     void* m_slot;  // the cache entry it came from; null if opened afresh
 };
 
+// Block sizes: 8 KiB of output a block keeps the per-block costs (one engine
+// call, one append to the sink's string) to a few per cent of a conversion
+// and the block in the first-level cache beside the engine's tables. With
+// 1 KiB blocks, 1 MiB of CP1252 decoded into a ucs2string took about 1.4
+// times as long, and a lu_utf8string target, which copies itself whenever it
+// grows, about 5 times as long.
+
 /// A source of narrow bytes in encoding `to`, read from UTF-16 or from bytes
 /// in encoding `from`. A character that `to` cannot hold becomes its
 /// substitution character; a malformed input sequence becomes U+FFFD (or the
