@@ -1,6 +1,7 @@
 #include "kai18n/strings/lu_utf8string.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
 #include <new>
 #include <ostream>
@@ -52,7 +53,8 @@ lu_utf8string::buffer_type* lu_utf8string::allocate(unsigned int n) {
     if (n == 0) return &m_staticNilBuffer;
     const std::uint64_t bytes = allocation_size(n);
     if (bytes != static_cast<std::size_t>(bytes)) throw std::bad_alloc();
-    auto* buffer = static_cast<buffer_type*>(::operator new(static_cast<std::size_t>(bytes)));
+    auto* buffer = static_cast<buffer_type*>(std::malloc(static_cast<std::size_t>(bytes)));
+    if (buffer == nullptr) throw std::bad_alloc();
     // A fresh buffer is a valid string of `n` bytes at once, so that an
     // installed buffer can be read and sized before its text is filled in.
     buffer->length = n;
@@ -61,10 +63,21 @@ lu_utf8string::buffer_type* lu_utf8string::allocate(unsigned int n) {
 }
 
 void lu_utf8string::release(buffer_type* buffer) {
-    if (is_valid_buffer(buffer)) ::operator delete(buffer);
+    if (is_valid_buffer(buffer)) std::free(buffer);
 }
 
+// Buffers come from malloc so that a string growing or shrinking at its end
+// can be resized in place by realloc, instead of copied on every growth.
 void lu_utf8string::reallocate(unsigned int n) {
+    if (is_valid_buffer(m_buffer) && n != 0 && n != npos) {
+        const std::uint64_t bytes = allocation_size(n);
+        if (bytes != static_cast<std::size_t>(bytes)) throw std::bad_alloc();
+        void* resized = std::realloc(m_buffer, static_cast<std::size_t>(bytes));
+        if (resized == nullptr) throw std::bad_alloc();
+        m_buffer = static_cast<buffer_type*>(resized);
+        set_length(n);
+        return;
+    }
     buffer_type* fresh = allocate(n);
     lu_utf8_traits::copy(fresh->text, m_buffer->text, std::min(n, length()));
     release(m_buffer);
