@@ -10,28 +10,13 @@
 #include "kai18n/facets/lu_reserved_facets.h"
 #include "kai18n/strings/lu_utf8string.h"
 #include "kai18n/strings/ucs2string.h"
+#include "locale/facet_install.h"
 #include "locale/locale_lock.h"
 
 std::atomic<lu_locale::_Impl*> lu_locale::_S_classic{nullptr};
 lu_locale::_Impl* lu_locale::_S_global = nullptr;
 
-namespace {
-
-// Installs a facet just built with count 0; if installing fails, the facet is
-// freed instead of leaking.
-template <class Facet>
-Facet* Install(lu_locale::_Impl* impl, Facet* facet) {
-    try {
-        impl->_M_install_facet(&Facet::id, facet);
-    } catch (...) {
-        facet->AddReference();
-        facet->ReleaseReference();
-        throw;
-    }
-    return facet;
-}
-
-}  // namespace
+namespace {}  // namespace
 
 void lu_locale::classic_imp() {
     if (_S_classic.load(std::memory_order_acquire) != nullptr) return;
@@ -41,18 +26,18 @@ void lu_locale::classic_imp() {
     // Two counts: one for _S_classic, one for _S_global.
     _Impl* impl = new _Impl(13, 2);
     try {
-        Install(impl, new lu_collate(0u));
-        const lu_ctype* ctype = Install(impl, new lu_ctype(0u));
-        Install(impl, new lu_codecvt(0u));
-        Install(impl, new lu_moneypunct(0u));
-        Install(impl, new lu_money_get(0u));
-        Install(impl, new lu_money_put(0u));
-        const lu_numpunct* numpunct = Install(impl, new lu_numpunct(0u));
-        Install(impl, new lu_num_get(numpunct, ctype, 0u));
-        Install(impl, new lu_num_put(numpunct, 0u));
-        Install(impl, new lu_time_get(0u));
-        Install(impl, new lu_time_put(0u));
-        Install(impl, new lu_ctime(0u));
+        lu_install_new_facet(impl, new lu_collate(0u));
+        const lu_ctype* ctype = lu_install_new_facet(impl, new lu_ctype(0u));
+        lu_install_new_facet(impl, new lu_codecvt(0u));
+        lu_install_new_facet(impl, new lu_moneypunct(0u));
+        lu_install_new_facet(impl, new lu_money_get(0u));
+        lu_install_new_facet(impl, new lu_money_put(0u));
+        const lu_numpunct* numpunct = lu_install_new_facet(impl, new lu_numpunct(0u));
+        lu_install_new_facet(impl, new lu_num_get(numpunct, ctype, 0u));
+        lu_install_new_facet(impl, new lu_num_put(numpunct, 0u));
+        lu_install_new_facet(impl, new lu_time_get(0u));
+        lu_install_new_facet(impl, new lu_time_put(0u));
+        lu_install_new_facet(impl, new lu_ctime(0u));
     } catch (...) {
         // Give both counts back, so that the body goes, and try again next time.
         impl->ReleaseReference();

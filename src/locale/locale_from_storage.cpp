@@ -16,6 +16,7 @@
 #include "kai18n/locale/lu_locale_catalog.h"
 #include "kai18n/locale/lu_locale_ident_impl.h"
 #include "kai18n/locale/lu_locale_storage.h"
+#include "locale/facet_install.h"
 #include "locale/locale_lock.h"
 
 namespace {
@@ -23,20 +24,6 @@ namespace {
 // The table of a locale from a record: the 12 slots it shares with the classic
 // locale, the identity facet, and slot 0, which is never used.
 const unsigned int kStorageSlots = 14;
-
-// Installs a facet just built with count 0; if installing fails, the facet is
-// freed instead of leaking.
-template <class Facet>
-Facet* Install(lu_locale::_Impl* impl, Facet* facet) {
-    try {
-        impl->_M_install_facet(&Facet::id, facet);
-    } catch (...) {
-        facet->AddReference();
-        facet->ReleaseReference();
-        throw;
-    }
-    return facet;
-}
 
 bool HasText(const char* text) {
     return text != nullptr && *text != '\0';
@@ -58,39 +45,38 @@ std::string CollationText(const lu_locale_ident_impl::StaticStorage* identity) {
 // then the identity; each facet's slot holds its only count.
 void InstallFacets(lu_locale::_Impl* impl, const lu_locale_storage& storage) {
     const lu_locale_ident_impl::StaticStorage* identity = storage.identity;
-    Install(impl, new lu_ctime(storage.time, 0u));
+    lu_install_new_facet(impl, new lu_ctime(storage.time, 0u));
     // A null table pointer means the built-in Unicode tables.
-    const lu_ctype* ctype = Install(impl, new lu_ctype(storage.character_tables, 0u));
-    Install(impl, new lu_collate(CollationText(identity)));
-    Install(impl, new lu_codecvt_byname(
-                      identity != nullptr ? identity->encoding_technical_name : nullptr, 0u));
-    Install(impl, new lu_moneypunct(0u));
-    Install(impl, new lu_money_get(0u));
-    Install(impl, new lu_money_put(0u));
-    const lu_numpunct* numpunct = Install(impl, new lu_numpunct(storage.numeric, 0u));
-    Install(impl, new lu_num_get(numpunct, ctype, 0u));
-    Install(impl, new lu_num_put(numpunct, 0u));
-    Install(impl, new lu_time_get(0u));
-    Install(impl, new lu_time_put(0u));
-    Install(impl, new lu_locale_ident_impl(identity, 0u));
+    const lu_ctype* ctype = lu_install_new_facet(impl, new lu_ctype(storage.character_tables, 0u));
+    lu_install_new_facet(impl, new lu_collate(CollationText(identity)));
+    lu_install_new_facet(
+        impl, new lu_codecvt_byname(
+                  identity != nullptr ? identity->encoding_technical_name : nullptr, 0u));
+    lu_install_new_facet(impl, new lu_moneypunct(0u));
+    lu_install_new_facet(impl, new lu_money_get(0u));
+    lu_install_new_facet(impl, new lu_money_put(0u));
+    const lu_numpunct* numpunct = lu_install_new_facet(impl, new lu_numpunct(storage.numeric, 0u));
+    lu_install_new_facet(impl, new lu_num_get(numpunct, ctype, 0u));
+    lu_install_new_facet(impl, new lu_num_put(numpunct, 0u));
+    lu_install_new_facet(impl, new lu_time_get(0u));
+    lu_install_new_facet(impl, new lu_time_put(0u));
+    lu_install_new_facet(impl, new lu_locale_ident_impl(identity, 0u));
 }
 
 }  // namespace
 
-lu_locale::lu_locale(const lu_locale_storage* const storage) : m_impl(nullptr) {
-    // Nobody else can reach the new body yet: no lock is needed.
-    _Impl* impl = new _Impl(kStorageSlots, 1);
-    if (storage != nullptr) {
-        try {
-            InstallFacets(impl, *storage);
-        } catch (...) {
-            impl->ReleaseReference();
-            throw;
-        }
-        impl->set_named(true);
-    }
-    m_impl = impl;
+// The constructor delegates, so if installing throws, the destructor of the
+// completed body runs and releases the facets installed so far.
+lu_locale::_Impl::_Impl(unsigned int slots, unsigned int refs, const lu_locale_storage* storage)
+    : _Impl(slots, refs) {
+    if (storage == nullptr) return;
+    InstallFacets(this, *storage);
+    m_named = true;
 }
+
+// Nobody else can reach the new body yet: no lock is needed for its count.
+lu_locale::lu_locale(const lu_locale_storage* const storage)
+    : m_impl(new _Impl(kStorageSlots, 1, storage)) {}
 
 lu_locale::lu_locale(const char* name) : m_impl(nullptr) {
     if (name == nullptr || *name == '\0') LUException::Raise(LU_E_INVALID_ARG);

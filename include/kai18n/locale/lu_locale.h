@@ -141,6 +141,9 @@ class lu_locale::_Impl : public iluSharedObject {
 
     /// A table of `slots` empty entries, every category named "*", not named.
     _Impl(unsigned int slots, unsigned int refs);
+    /// The same, then with a non-null `storage` the facets of that locale
+    /// record are installed and the body is named.
+    _Impl(unsigned int slots, unsigned int refs, const lu_locale_storage* storage);
     /// A copy of `other`'s tables and flag; each facet gains one count.
     _Impl(const _Impl& other, unsigned int refs);
     _Impl& operator=(const _Impl&) = delete;
