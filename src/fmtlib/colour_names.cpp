@@ -1,0 +1,81 @@
+// Colour names by language, as spreadsheet users write them in brackets.
+// Trailing blanks are part of some names and are kept.
+#include "fmtlib/dialect_tables.h"
+
+namespace FmtLib {
+
+const luColourNames kColourNames[] = {
+    {"en",
+     {u"Black", u"White", u"Red", u"Green", u"Blue", u"Yellow", u"Magenta", u"Cyan", u"Dark Red",
+      u"Dark Green", u"Dark Blue", u"Light Brown", u"Purple", u"Dark Cyan", u"Light Cyan",
+      u"Gray"}},
+    {"fr",
+     {u"Noir", u"Blanc", u"Rouge", u"Vert", u"Bleu", u"Jaune", u"Magenta", u"Cyan", u"Rouge foncé ",
+      u"Vert foncé ", u"Bleu foncé ", u"Marron clair", u"Violet", u"Cyan foncé ", u"Cyan clair",
+      u"Gris"}},
+    {"de",
+     {u"Schwarz", u"Weiß", u"Rot", u"Grün", u"Blau", u"Gelb", u"Magenta", u"Zyan", u"Dunkelrot",
+      u"Dunkelgrün", u"Dunkelblau", u"Hellbraun", u"Violett", u"Blaugrün", u"Hellzyan", u"Grau"}},
+    {"ja",
+     {u"黒", u"白", u"赤", u"緑", u"青", u"黄", u"ﾋﾟﾝｸ", u"水色", u"濃い赤", u"濃い緑", u"濃い青",
+      u"濃い黄", u"紫", u"アクア", u"薄い水色", u"灰色"}},
+    {"es",
+     {u"Negro", u"Blanco", u"Rojo", u"Verde", u"Azul", u"Amarillo", u"Magenta", u"Cian",
+      u"Rojo oscuro", u"Verde oscuro", u"Azul oscuro", u"Marrón claro", u"Púrpura", u"Cian oscuro",
+      u"Cian claro", u"Gris"}},
+    {"it",
+     {u"Nero", u"Bianco", u"Rosso", u"Verde", u"Blu", u"Giallo", u"Magenta", u"Turchese",
+      u"Rosso scuro", u"Verde scuro", u"Blu scuro", u"Marrone chiaro", u"Viola", u"Turchese scuro",
+      u"Turchese chiaro", u"Grigio"}},
+    {"zh",
+     {u"黑", u"白", u"红", u"绿", u"蓝", u"黄", u"洋红", u"青", u"深红", u"深绿", u"深蓝", u"浅棕",
+      u"紫", u"深青", u"浅青", u"灰"}},
+    {"ko",
+     {u"검정", u"흰색", u"빨강", u"초록", u"파랑", u"노랑", u"자홍", u"남색", u"진홍색", u"청록색",
+      u"군청색", u"연갈색", u"자주색", u"진하늘색", u"연하늘색", u"회색"}},
+    {"nl",
+     {u"Zwart", u"Wit", u"Rood", u"Groen", u"Blauw", u"Geel", u"Magenta", u"Cyaan", u"Donkerrood",
+      u"Donkergroen", u"Donkerblauw", u"Lichtbruin", u"Paars", u"Donkercyaan", u"Lichtcyaan",
+      u"Grijs"}},
+    {"sv",
+     {u"Svart", u"Vit", u"Röd", u"Grön", u"Blå", u"Gul", u"Magenta", u"Cyan", u"Mörkröd",
+      u"Mörkgrön", u"Mörkblå", u"Ljusbrun", u"Lila", u"Mörk cyan", u"Ljus cyan", u"Grå"}},
+    {"ru",
+     {u"Черный", u"Белый", u"Красный", u"Зеленый", u"Синий", u"Желтый", u"Фиолетовый", u"Голубой",
+      u"Темно-красный", u"Темно-зеленый", u"Темно-синий", u"Ярко-коричневый", u"Пурпур",
+      u"Темно-голубой", u"Светло-голубой", u"Серый"}},
+    {"da",
+     {u"Sort", u"Hvid", u"Rød", u"Grøn", u"Blå", u"Gul", u"Magenta", u"Cyan", u"Mørkerød",
+      u"Mørkegrøn", u"Mørkeblå", u"Lysebrun", u"Purpur", u"Mørkecyan", u"Lysecyan", u"Grå"}},
+    {"pl",
+     {u"Czarny", u"Biały", u"Czerwony", u"Zielony", u"Niebieski", u"Żółty", u"Karmazynowy",
+      u"Błękitny", u"Ciemno-czerwony", u"Ciemno-zielony", u"Ciemno-niebieski", u"Jasny brąz",
+      u"Purpurowy", u"Ciemno-błękitny", u"Jasno-błękitny", u"Szary"}},
+    {"pt",
+     {u"Preto", u"Branco", u"Vermelho", u"Verde", u"Azul", u"Amarelo", u"Magenta", u"Ciano",
+      u"Vermelho escuro", u"Verde escuro", u"Azul escuro", u"Marrom claro", u"Roxo",
+      u"Ciano escuro", u"Ciano claro", u"Cinza"}},
+    {"cs",
+     {u"černý", u"Bílý", u"červený", u"Zelený", u"Modrý", u"žlutý", u"Fiálový", u"Lazurový ",
+      u"Tmavě červený", u"Tmavě zelený", u"Tmavě modrý", u"Jasně hnědý", u"Purpur",
+      u"Tmavě lazurový", u"Jasně lazurový", u"šedý"}},
+    {"he",
+     {u"שחור", u"לבן", u"אדום", u"ירוק", u"כחול", u"צהוב", u"ארגמן", u"כחלחל", u"אדום כהה",
+      u"ירוק כהה", u"כחול כהה", u"חום בהיר", u"סגול", u"כחלחל כהה", u"כחלחל בהיר", u"אפור"}},
+    {"hu",
+     {u"Fekete", u"Fehér", u"Piros", u"Zöld", u"Kék", u"Sárga", u"Bíborvörös", u"Ciánkék",
+      u"Sötétpiros", u"Sötétzöld", u"Sötétkék", u"Világosbarna", u"Lila", u"Sötét ciánkék",
+      u"Világos ciánkék", u"Szürke"}},
+};
+const std::size_t kColourNameCount = sizeof(kColourNames) / sizeof(kColourNames[0]);
+
+const luDialectKey kVeloraColourKeys[] = {
+    {"EN", "en"}, {"AR", "en"}, {"EL", "en"}, {"TH", "en"}, {"TR", "en"},
+    {"LV", "en"}, {"LT", "en"}, {"ET", "en"}, {"", "en"},   {"FR", "fr"},
+    {"GE", "de"}, {"JP", "ja"}, {"SP", "es"}, {"IT", "it"}, {"CS", "zh"},
+    {"KR", "ko"}, {"NL", "nl"}, {"SW", "sv"}, {"BR", "pt"}, {"CZ", "cs"},
+    {"DA", "da"}, {"HE", "he"}, {"HU", "hu"}, {"RU", "ru"}, {"PL", "pl"},
+};
+const std::size_t kVeloraColourKeyCount = sizeof(kVeloraColourKeys) / sizeof(kVeloraColourKeys[0]);
+
+}  // namespace FmtLib
