@@ -24,8 +24,13 @@
 #include "kai18n/strings/utf8_conversion.h"
 
 // Locale framework
+#include "kai18n/locale/lu_countries.h"
+#include "kai18n/locale/lu_languages.h"
 #include "kai18n/locale/lu_locale.h"
+#include "kai18n/locale/lu_locale_catalog.h"
 #include "kai18n/locale/lu_locale_ident.h"
+#include "kai18n/locale/lu_locale_ident_impl.h"
+#include "kai18n/locale/lu_locale_storage.h"
 
 // Locale facets
 #include "kai18n/facets/lu_codecvt.h"
@@ -39,5 +44,12 @@
 #include "kai18n/facets/lu_numpunct.h"
 #include "kai18n/facets/lu_reserved_facets.h"
 #include "kai18n/facets/lu_simple_shaper.h"
+
+// Format library
+#include "kai18n/fmtlib/lu_fmt_dialects.h"
+#include "kai18n/fmtlib/lu_fmt_pattern.h"
+#include "kai18n/fmtlib/lu_fmt_tokens.h"
+#include "kai18n/fmtlib/lu_string_format.h"
+#include "kai18n/fmtlib/lu_tokens_definition.h"
 
 #endif  // KAI18N_KAI18N_H
