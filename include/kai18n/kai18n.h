@@ -49,6 +49,9 @@
 #include "kai18n/fmtlib/lu_fmt_dialects.h"
 #include "kai18n/fmtlib/lu_fmt_pattern.h"
 #include "kai18n/fmtlib/lu_fmt_tokens.h"
+#include "kai18n/fmtlib/lu_number_format.h"
+#include "kai18n/fmtlib/lu_preferences.h"
+#include "kai18n/fmtlib/lu_settings.h"
 #include "kai18n/fmtlib/lu_string_format.h"
 #include "kai18n/fmtlib/lu_tokens_definition.h"
 
