@@ -1,8 +1,11 @@
-// kai18n: the command-line tool. Lists the locales of the catalog and shows
-// the identity, numeric punctuation and date names of one locale.
+// kai18n: the command-line tool. Lists the locales of the catalog, shows
+// the identity, numeric punctuation and date names of one locale, formats
+// numbers by a pattern and shows the canonical notation of a format text.
 //
 //   kai18n locales [--language xx] [--country YY]
 //   kai18n locale NAME
+//   kai18n format-number [--locale NAME] [--dialect D] [--code XX] PATTERN VALUE...
+//   kai18n pattern [--locale NAME] [--dialect D] [--code XX] [--date] TEXT
 //
 // Output is UTF-8. Exit codes: 0 success, 1 failure of the library (an
 // unknown locale), 2 bad usage.
@@ -14,6 +17,7 @@
 #include <string>
 #include <vector>
 
+#include "format_commands.h"
 #include "kai18n/facets/lu_ctime.h"
 #include "kai18n/facets/lu_numpunct.h"
 #include "kai18n/locale/lu_countries.h"
@@ -36,6 +40,13 @@ const char kUsage[] =
     "  locale NAME\n"
     "      show the identity, numeric punctuation and date names of the\n"
     "      locale NAME (de_DE, en_US.UTF-8, fr, ...)\n"
+    "  format-number [--locale NAME] [--dialect D] [--code XX] PATTERN VALUE...\n"
+    "      format each VALUE by PATTERN, a number format in the dialect D:\n"
+    "      ombrin (the default: #,##0.00;[Red]-#,##0.00), serial (the canonical\n"
+    "      notation: T[#]T[gs]T[0]) or velora (whose language code XX, EN by\n"
+    "      default, picks the letters); the colour of a result follows it\n"
+    "  pattern [--locale NAME] [--dialect D] [--code XX] [--date] TEXT\n"
+    "      show the canonical notation of the number (or date) format TEXT\n"
     "  --help\n"
     "      show this text\n";
 
@@ -225,6 +236,8 @@ int main(int argc, char** argv) {
     try {
         if (command == "locales") return ListLocales(argc, argv);
         if (command == "locale") return ShowLocale(argc, argv);
+        if (command == "format-number") return FormatNumberCommand(argc, argv);
+        if (command == "pattern") return PatternCommand(argc, argv);
     } catch (const LUException& e) {
         std::cout.flush();
         std::cerr << "kai18n: error " << ResultCode(e.GetResult()) << ": " << e.what() << '\n';
