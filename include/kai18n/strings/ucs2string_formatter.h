@@ -94,7 +94,15 @@ class ucs2string_formatter {
         return *this;
     }
     ucs2string_formatter& append(unsigned short ch, unsigned int n);
-    void push_back(unsigned short ch) { append(ch, 1u); }
+    /// One unit; inline while it fits, as formatters write unit by unit.
+    void push_back(unsigned short ch) {
+        if (m_length + 2u <= m_capacity) {
+            m_data[m_length] = ch;
+            m_data[++m_length] = 0;
+        } else {
+            append(ch, 1u);
+        }
+    }
 
     // Replace or extend the text. A count of npos means zero-terminated; a null
     // pointer is an empty text. The source may lie inside this formatter.
