@@ -1,9 +1,11 @@
 // A first look at kai18n: a text through UTF-8 and UTF-16 and back, a few
 // fields laid out by the string formatter, character classes and case through
-// a locale's facet, and a failure reported by code.
+// a locale's facet, a real locale, a number format, and a failure reported by
+// code.
 #include <kai18n/kai18n.h>
 
 #include <iostream>
+#include <memory>
 
 namespace {
 
@@ -72,6 +74,30 @@ int main() {
     std::cout << "de_DE:       decimal point '" << static_cast<char>(punct.decimal_point())
               << "', March is " << ucs2string(lu_use_facet<lu_ctime>(german).GetNameOfMonth(3))
               << ", " << lu_use_facet<lu_locale_ident>(german).locale_name() << '\n';
+
+    // A number format, written as a spreadsheet user writes it, compiled for
+    // a locale and run for a few values.
+    {
+        using namespace FmtLib;
+        ilu_ptr<luPreferences> preferences;
+        CreatePreferences(preferences);
+        preferences->EndBuild();
+        ilu_ptr<luSettings> settings;
+        CreateSettings(german, preferences, settings);
+        std::unique_ptr<luStringFormatNumber> ombrin(CreateStringFormatNumber("de", "DE"));
+        luFmtPattern* pattern = nullptr;
+        ombrin->ToPattern(ucs2string(Utf8("#,##0.00 €;[Rot]-#,##0.00 €")), pattern);
+        std::unique_ptr<luFmtPattern> owned(pattern);
+        luNumberFormat* format = nullptr;
+        if (CreateNumberFormat(settings, pattern, format) >= 0) {
+            std::unique_ptr<luNumberFormat> number(format);
+            for (double value : {1234567.891, -42.5}) {
+                number->Format(value);
+                std::cout << "formatted:   " << ucs2string(number->c_str())
+                          << (number->Color() == 3 ? " (red)" : "") << '\n';
+            }
+        }
+    }
 
     // Failures arrive as LUException with a result code.
     try {

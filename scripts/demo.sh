@@ -1,8 +1,19 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds the library in release mode and runs the demo.
+# Installs what is missing, builds the library in release mode, runs the demo,
+# and formats a few numbers in several locales with the command-line tool.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/install-deps.sh
 cmake -S . -B build/release -G Ninja -DCMAKE_BUILD_TYPE=Release -DKAI18N_BUILD_TESTS=OFF
-cmake --build build/release --target kai18n_demo
+cmake --build build/release --target kai18n_demo kai18n_cli
 build/release/examples/kai18n_demo
+
+kai18n=build/release/cli/kai18n
+echo
+echo "kai18n pattern '[Red]-#,##0.00;(#,##0.00)'"
+"$kai18n" pattern '[Red]-#,##0.00;(#,##0.00)'
+for locale in en_US de_DE fr_FR hi_IN ar_EG; do
+    echo
+    echo "kai18n format-number --locale $locale '#,##0.00;[Red]-#,##0.00' 1234567.891 -42.5 0.005"
+    "$kai18n" format-number --locale "$locale" '#,##0.00;[Red]-#,##0.00' 1234567.891 -42.5 0.005
+done
