@@ -1,7 +1,6 @@
 // The locale data module: every record it registers, walked through its one
 // entry point and through the catalog, and spot checks of CLDR data in
 // locales built by name.
-#include <dlfcn.h>
 #include <gtest/gtest.h>
 
 #include <climits>
@@ -17,36 +16,17 @@
 #include "kai18n/locale/lu_countries.h"
 #include "kai18n/locale/lu_languages.h"
 #include "kai18n/locale/lu_locale_catalog.h"
-#include "platform/module_loader.h"
+#include "module_records.h"
 
 namespace {
 
-using Records = const lu_locale_storage* const* (*)(unsigned int*);
+using kai18n_test::ModuleRecords;
 
 std::u16string Text(const unsigned short* units) {
     std::u16string text;
     if (units != nullptr)
         for (; *units != 0; ++units) text += static_cast<char16_t>(*units);
     return text;
-}
-
-// The records as the module lists them. The catalog loads the module first,
-// so that the module is found where the catalog finds it.
-std::vector<const lu_locale_storage*> ModuleRecords() {
-    EXPECT_NE(nullptr, lu_locale_catalog::GetInstance()->GetStorage(31000));
-    const std::string path = kaLibraryDirectory() + "libkai18nloc.so";
-    void* module = dlopen(path.c_str(), RTLD_NOW | RTLD_NOLOAD);
-    EXPECT_NE(nullptr, module) << path;
-    if (module == nullptr) return {};
-    auto records = reinterpret_cast<Records>(dlsym(module, "kai18nloc_records"));
-    std::vector<const lu_locale_storage*> result;
-    if (records != nullptr) {
-        unsigned int count = 0;
-        const lu_locale_storage* const* first = records(&count);
-        result.assign(first, first + count);
-    }
-    dlclose(module);
-    return result;
 }
 
 // A text in the canonical notation: tokens T[key] with keys from `keys`, and

@@ -10,9 +10,10 @@
 //     delete pattern;
 //
 // A text that cannot be read is not a failure: it becomes the pattern of the
-// single token T[Err], which formatters write as "#FORMAT". In the Ombrin and
-// Velora dialects only a trailing escape character or an open quote does
-// that; in the canonical notation any text outside its items does.
+// single token T[Err], which formatters write as "#FORMAT". In the Ombrin
+// dialect and in Velora numbers only a trailing escape character or an open
+// quote does that; a Velora date text is never bad (what was read stands); in
+// the canonical notation any text outside its items does.
 #ifndef KAI18N_FMTLIB_LU_STRING_FORMAT_H
 #define KAI18N_FMTLIB_LU_STRING_FORMAT_H
 
