@@ -3,6 +3,7 @@
 #include <cfloat>
 #include <cmath>
 
+#include "facets/decimal_exponent.h"
 #include "facets/utf16_literal.h"
 #include "kai18n/facets/lu_double_traits.h"
 #include "kai18n/facets/lu_num_put.h"
@@ -324,8 +325,9 @@ bool lu_num_put::convert(double value, int max_fraction, int min_fraction, int m
             LUException::Raise(LU_E_BAD_NUMERIC_FORMAT);
     }
 
-    // Step 3.
-    const int e = v == 0.0 ? 0 : static_cast<int>(std::floor(std::log10(v) - 0.005));
+    // Step 3: floor(log10(v) - 0.005), found by comparison with thresholds
+    // away from the boundaries.
+    const int e = v == 0.0 ? 0 : EstimateDecimalExponent(v);
 
     // Steps 5 to 12, with the failure handling of step 13.
     try {
