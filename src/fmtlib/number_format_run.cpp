@@ -80,20 +80,30 @@ void luNumberFormatImp::WritePlainForm() {
 void luNumberFormatImp::PadDigits(const ucs2string_formatter& digits,
                                   const std::vector<char>& placeTemplate,
                                   ucs2string_formatter& padded) {
-    padded.clear();
-    std::size_t places = placeTemplate.size();
-    for (unsigned int i = digits.length(); i-- > 0;) {
-        padded.push_back(digits[i]);
-        if (places > 0) --places;
-    }
-    while (places-- > 0)
-        if (placeTemplate[places] == '0') padded.push_back(m_values->Digits()[0]);
+    const unsigned int count = digits.length();
+    const std::size_t places = placeTemplate.size();
+    // The places the digits leave, from the right; only "0" places add a digit.
+    std::size_t left = places > count ? places - count : 0;
+    unsigned int zeros = 0;
+    for (std::size_t p = 0; p < left; ++p) zeros += placeTemplate[p] == '0';
+    padded.resize(count + zeros);
+    unsigned short* out = &padded[0];
+    for (unsigned int i = count; i-- > 0;) *out++ = digits[i];
+    const unsigned short zero = m_values->Digits()[0];
+    while (left-- > 0)
+        if (placeTemplate[left] == '0') *out++ = zero;
 }
 
 void luNumberFormatImp::LayOut(const luNumberSection& section) {
     if (!m_converted || (!section.hasExponent && m_hasExponent)) return WritePlainForm();
     PadDigits(m_integerDigits, section.integerTemplate, m_paddedInteger);
     PadDigits(m_exponentDigits, section.exponentTemplate, m_paddedExponent);
+
+    // The settings answer the same within one call; ask them once.
+    const unsigned short thousandsSep = m_values->ThousandsSep();
+    const unsigned short negativeSign = m_values->NegativeSign();
+    const unsigned short positiveSign = m_values->PositiveSign();
+    const unsigned short zeroDigit = m_values->Digits()[0];
 
     int digitsLeft = static_cast<int>(m_paddedInteger.length());
     int placesLeft = section.integerPlaces;
@@ -107,7 +117,7 @@ void luNumberFormatImp::LayOut(const luNumberSection& section) {
     auto writeDigit = [&] {
         if (digitsLeft <= 0) return;
         if (section.grouping && digitWritten && m_values->IsGroupPosition(digitsLeft - 1))
-            Write(m_values->ThousandsSep());
+            Write(thousandsSep);
         m_result.push_back(m_paddedInteger[--digitsLeft]);
         digitWritten = true;
     };
@@ -117,9 +127,9 @@ void luNumberFormatImp::LayOut(const luNumberSection& section) {
     auto writeExponentMark = [&](unsigned short letter, bool withPlus) {
         m_result.push_back(letter);
         if (m_exponentNegative)
-            Write(m_values->NegativeSign());
+            Write(negativeSign);
         else if (withPlus)
-            Write(m_values->PositiveSign());
+            Write(positiveSign);
     };
 
     for (const auto& step : section.program) {
@@ -133,11 +143,11 @@ void luNumberFormatImp::LayOut(const luNumberSection& section) {
                 break;
             }
             case OpBothSigns:
-                Write(m_negative ? m_values->NegativeSign() : m_values->PositiveSign());
+                Write(m_negative ? negativeSign : positiveSign);
                 break;
             case OpSign:
             case OpImplicitSign:
-                if (m_negative) Write(m_values->NegativeSign());
+                if (m_negative) Write(negativeSign);
                 break;
             case OpOptionalDigit:
                 if (digitsLeft >= placesLeft) writeDigit();
@@ -157,7 +167,7 @@ void luNumberFormatImp::LayOut(const luNumberSection& section) {
             case OpRequiredFraction:
                 m_result.push_back(fraction < m_fractionDigits.length()
                                        ? m_fractionDigits[fraction++]
-                                       : m_values->Digits()[0]);
+                                       : zeroDigit);
                 break;
             case OpOptionalExponent:
                 if (exponentLeft >= exponentPlacesLeft) writeExponentDigit();
