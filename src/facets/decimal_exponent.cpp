@@ -32,6 +32,9 @@ constexpr double kMargin = 1e-11;
 
 int EstimateDecimalExponent(double v) {
     const std::array<double, kCount>& t = kThresholds;
+    // Zero until the library's initialisers have run: a caller from another
+    // initialiser of the library gets the logarithm.
+    if (t[kCount - 1] == 0.0) return static_cast<int>(std::floor(std::log10(v) - 0.005));
     // The binary exponent from the bits (subnormals count as the lowest);
     // times 78913 / 2^18, just below log10(2), it gives floor(log10(2^b)) or
     // one less, for every exponent of a double. One lower still, so that the
