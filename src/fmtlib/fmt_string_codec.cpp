@@ -46,9 +46,7 @@ luFmtStringCodec::luFmtStringCodec(const luTokensDefinition* definition,
     }
 }
 
-luFmtStringCodec::~luFmtStringCodec() {
-    delete m_locale;
-}
+luFmtStringCodec::~luFmtStringCodec() = default;
 
 // Colour names are compared without case: both sides lower-cased unit by
 // unit, then compared by the collation of the codec's locale.

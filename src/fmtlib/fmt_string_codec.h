@@ -4,6 +4,7 @@
 #ifndef KAI18N_FMTLIB_FMT_STRING_CODEC_H
 #define KAI18N_FMTLIB_FMT_STRING_CODEC_H
 
+#include <memory>
 #include <vector>
 
 #include "kai18n/fmtlib/lu_fmt_pattern.h"
@@ -65,7 +66,7 @@ class luFmtStringCodec {
     bool m_serial;
     bool m_percent;
     int m_sections;
-    lu_locale* m_locale;  // owned; the locale of the two facets
+    std::unique_ptr<lu_locale> m_locale;  // the locale of the two facets
     const lu_collate* m_collation;
     const lu_ctype* m_characterClasses;
     // The colour entries' texts, lower-cased once by the character classes;
