@@ -1,9 +1,10 @@
-// Preferences (the keyed store of what a user wants to differ from the locale)
-// and settings (a locale joined to preferences): building, copying, counting,
-// which side wins, the grouping map and the half-day names.
+// Preferences (what a user wants to differ from the locale) and settings (a
+// locale joined to preferences): building, copying, counting, which side
+// wins, the grouping map and the half-day names.
 #include <gtest/gtest.h>
 
-#include <cstring>
+#include <cstdlib>
+#include <string>
 #include <vector>
 
 #include "kai18n/facets/lu_ctime.h"
@@ -20,37 +21,64 @@ using namespace fmt_test;
 
 namespace {
 
-// Null stays null in a comparison; anything else becomes UTF-8.
 std::string Text(const unsigned short* units) {
     return units == nullptr ? std::string("(null)") : Utf8(ucs2string(units));
 }
 
-const luPreferencesImp& Imp(const ilu_ptr<luPreferences>& prefs) {
-    return *prefs->GetImp();
+std::string Unit(unsigned short unit) {
+    return unit == 0 ? "" : Utf8(ucs2string(&unit, 1));
 }
 
-// The string stored under `key`, or "(absent)" / "(number)".
-std::string StoredString(const luPreferences& prefs, const char* key) {
+// Adds each "key=value"; a value "#7" is the number 7. Returns how many were
+// taken.
+int Add(luPreferences& prefs, std::initializer_list<std::string> entries) {
+    int taken = 0;
+    for (const std::string& entry : entries) {
+        const std::string key = entry.substr(0, entry.find('='));
+        const std::string value = entry.substr(key.size() + 1);
+        taken += value[0] == '#' ? prefs.AddPreference(key.c_str(), std::atol(value.c_str() + 1))
+                                 : prefs.AddPreference(key.c_str(), U(value));
+    }
+    return taken;
+}
+
+// "(absent)", the text, or "#n" for a number; an entry is of exactly one kind
+// and the other getter leaves its argument alone.
+std::string Stored(const luPreferences& prefs, const char* key) {
     bool found = false;
     const luPref& pref = prefs.GetAt(key, found);
     if (!found) return "(absent)";
-    ucs2string text;
-    if (!pref.GetString(text)) return "(number)";
-    return Utf8(text);
-}
-
-long StoredNumber(const luPreferences& prefs, const char* key) {
-    bool found = false;
-    const luPref& pref = prefs.GetAt(key, found);
-    EXPECT_TRUE(found) << key;
+    ucs2string text = U("untouched");
     long number = -999;
-    EXPECT_TRUE(pref.GetLong(number)) << key;
-    return number;
+    const bool isText = pref.GetString(text);
+    EXPECT_NE(isText, pref.GetLong(number)) << key;
+    EXPECT_EQ(isText, pref.IsString()) << key;
+    if (isText) {
+        EXPECT_EQ(-999, number) << key;
+        return Utf8(text);
+    }
+    EXPECT_EQ("untouched", Utf8(text)) << key;
+    return "#" + std::to_string(number);
 }
 
-ilu_ptr<luPreferences> NewPreferences() {
+// "open"/"built", then what EndBuild took for decimal_point|thousands_sep|
+// true_word|false_word, "-" for one not taken.
+std::string Taken(const luPreferencesImp& p) {
+    auto unit = [](bool has, unsigned short u) { return has ? Unit(u) : u == 0 ? "-" : "?"; };
+    auto text = [](bool has, const unsigned short* t) { return has ? Text(t) : t ? "?" : "-"; };
+    return std::string(p.IsBuild() ? "built " : "open ") +
+           unit(p.IsDecimalPoint(), p.decimal_point()) + "|" +
+           unit(p.IsThousandsSep(), p.thousands_sep()) + "|" + text(p.IsTrue(), p.true_string()) +
+           "|" + text(p.IsFalse(), p.false_string());
+}
+std::string Taken(const ilu_ptr<luPreferences>& prefs) {
+    return Taken(*prefs->GetImp());
+}
+
+ilu_ptr<luPreferences> NewPreferences(std::initializer_list<std::string> entries = {}) {
     ilu_ptr<luPreferences> prefs;
     EXPECT_EQ(0, CreatePreferences(prefs));
+    Add(*prefs, entries);
     return prefs;
 }
 
@@ -58,248 +86,136 @@ TEST(PreferencesTest, FreshStoreIsOpenEmptyAndCountedOnce) {
     ilu_ptr<luPreferences> prefs = NewPreferences();
     ASSERT_TRUE(prefs);
     EXPECT_EQ(1u, prefs->GetReferenceCount());
-    const luPreferencesImp& imp = Imp(prefs);
-    EXPECT_EQ(prefs.get(), static_cast<const luPreferences*>(&imp));
-    EXPECT_FALSE(imp.IsBuild());
-    EXPECT_FALSE(imp.IsDecimalPoint());
-    EXPECT_FALSE(imp.IsThousandsSep());
-    EXPECT_FALSE(imp.IsTrue());
-    EXPECT_FALSE(imp.IsFalse());
-    EXPECT_EQ(0, imp.decimal_point());
-    EXPECT_EQ(0, imp.thousands_sep());
-    EXPECT_EQ(nullptr, imp.true_string());
-    EXPECT_EQ(nullptr, imp.false_string());
-    EXPECT_EQ("(absent)", StoredString(*prefs, "decimal_point"));
+    EXPECT_EQ("open -|-|-|-", Taken(prefs));
+    EXPECT_EQ("(absent)", Stored(*prefs, "decimal_point"));
 }
 
 TEST(PreferencesTest, EndBuildTakesTheFourStringKeys) {
-    ilu_ptr<luPreferences> prefs = NewPreferences();
-    EXPECT_TRUE(prefs->AddPreference("decimal_point", U("<>")));
-    EXPECT_TRUE(prefs->AddPreference("thousands_sep", U("\xE2\x80\xAF")));  // U+202F
-    EXPECT_TRUE(prefs->AddPreference("true_word", U("oui")));
-    EXPECT_TRUE(prefs->AddPreference("false_word", U("non")));
-    EXPECT_TRUE(prefs->AddPreference("colour_scheme", U("dark")));  // means nothing
-    EXPECT_TRUE(prefs->AddPreference("precision", 7L));
-    // Nothing is taken before EndBuild.
-    EXPECT_FALSE(Imp(prefs).IsDecimalPoint());
-    EXPECT_EQ(nullptr, Imp(prefs).true_string());
-
-    EXPECT_FALSE(prefs->EndBuild());  // the result carries no information
-    const luPreferencesImp& imp = Imp(prefs);
-    EXPECT_TRUE(imp.IsBuild());
-    EXPECT_TRUE(imp.IsDecimalPoint());
-    EXPECT_TRUE(imp.IsThousandsSep());
-    EXPECT_TRUE(imp.IsTrue());
-    EXPECT_TRUE(imp.IsFalse());
-    EXPECT_EQ(u'<', imp.decimal_point());  // the first unit only
-    EXPECT_EQ(0x202F, imp.thousands_sep());
-    EXPECT_EQ("oui", Text(imp.true_string()));
-    EXPECT_EQ("non", Text(imp.false_string()));
-    EXPECT_EQ("dark", StoredString(*prefs, "colour_scheme"));
-    EXPECT_EQ(7L, StoredNumber(*prefs, "precision"));
-}
-
-TEST(PreferencesTest, NumberUnderAMeaningfulKeyHasNoEffect) {
-    ilu_ptr<luPreferences> prefs = NewPreferences();
-    EXPECT_TRUE(prefs->AddPreference("decimal_point", 44L));
-    EXPECT_TRUE(prefs->AddPreference("true_word", 1L));
-    prefs->EndBuild();
-    EXPECT_FALSE(Imp(prefs).IsDecimalPoint());
-    EXPECT_EQ(0, Imp(prefs).decimal_point());
-    EXPECT_FALSE(Imp(prefs).IsTrue());
-    EXPECT_EQ(nullptr, Imp(prefs).true_string());
-    // The number is still stored and reads back as a number, not as a string.
-    bool found = false;
-    const luPref& pref = prefs->GetAt("decimal_point", found);
-    ASSERT_TRUE(found);
-    EXPECT_FALSE(pref.IsString());
-    ucs2string untouched = U("keep");
-    EXPECT_FALSE(pref.GetString(untouched));
-    EXPECT_EQ("keep", Utf8(untouched));
-    EXPECT_EQ(44L, StoredNumber(*prefs, "decimal_point"));
-}
-
-TEST(PreferencesTest, FirstValueOfAKeyStays) {
-    ilu_ptr<luPreferences> prefs = NewPreferences();
-    EXPECT_TRUE(prefs->AddPreference("decimal_point", U(",")));
-    EXPECT_FALSE(prefs->AddPreference("decimal_point", U(";")));
-    EXPECT_FALSE(prefs->AddPreference("decimal_point", 46L));
-    EXPECT_TRUE(prefs->AddPreference("digits", 3L));
-    EXPECT_FALSE(prefs->AddPreference("digits", 4L));
-    EXPECT_FALSE(prefs->AddPreference("digits", U("four")));
-    prefs->EndBuild();
-    EXPECT_EQ(u',', Imp(prefs).decimal_point());
-    EXPECT_EQ(",", StoredString(*prefs, "decimal_point"));
-    EXPECT_EQ(3L, StoredNumber(*prefs, "digits"));
-}
-
-TEST(PreferencesTest, RemoveBeforeBuildAndNothingChangesAfter) {
-    ilu_ptr<luPreferences> prefs = NewPreferences();
-    EXPECT_TRUE(prefs->AddPreference("true_word", U("yes")));
-    EXPECT_TRUE(prefs->AddPreference("false_word", U("no")));
-    EXPECT_FALSE(prefs->RemovePreference("absent"));
-    EXPECT_TRUE(prefs->RemovePreference("true_word"));
-    EXPECT_FALSE(prefs->RemovePreference("true_word"));
-    EXPECT_EQ("(absent)", StoredString(*prefs, "true_word"));
-    EXPECT_TRUE(prefs->AddPreference("true_word", U("ja")));  // the key is free again
-
-    prefs->EndBuild();
-    EXPECT_FALSE(prefs->AddPreference("decimal_point", U(",")));
-    EXPECT_FALSE(prefs->AddPreference("digits", 2L));
-    EXPECT_FALSE(prefs->RemovePreference("false_word"));
-    EXPECT_FALSE(prefs->EndBuild());  // a second EndBuild does nothing
-    EXPECT_EQ("(absent)", StoredString(*prefs, "decimal_point"));
-    EXPECT_EQ("no", StoredString(*prefs, "false_word"));
-    EXPECT_FALSE(Imp(prefs).IsDecimalPoint());
-    EXPECT_EQ("ja", Text(Imp(prefs).true_string()));
-    EXPECT_EQ("no", Text(Imp(prefs).false_string()));
-}
-
-TEST(PreferencesTest, EmptyStringsSetTheFlags) {
-    ilu_ptr<luPreferences> prefs = NewPreferences();
-    prefs->AddPreference("thousands_sep", U(""));
-    prefs->AddPreference("false_word", U(""));
-    prefs->EndBuild();
-    EXPECT_TRUE(Imp(prefs).IsThousandsSep());
-    EXPECT_EQ(0, Imp(prefs).thousands_sep());
-    EXPECT_TRUE(Imp(prefs).IsFalse());
-    ASSERT_NE(nullptr, Imp(prefs).false_string());
-    EXPECT_EQ(0, Imp(prefs).false_string()[0]);
-}
-
-TEST(PreferencesTest, GetAtReportsFound) {
-    ilu_ptr<luPreferences> prefs = NewPreferences();
-    prefs->AddPreference("name", U("value"));
-    prefs->AddPreference("count", -12L);
+    const struct {
+        std::initializer_list<std::string> entries;
+        const char* taken;
+    } rows[] = {
+        // the first unit only; other keys mean nothing
+        {{"decimal_point=<>", "thousands_sep=\u202F", "true_word=oui", "false_word=non",
+          "colour_scheme=dark", "precision=#7"},
+         "built <|\u202F|oui|non"},
+        {{"decimal_point=#44", "true_word=#1"}, "built -|-|-|-"},  // numbers have no effect
+        {{"thousands_sep=", "false_word="}, "built -||-|"},        // empty texts count
+    };
+    for (const auto& row : rows) {
+        ilu_ptr<luPreferences> prefs;
+        ASSERT_EQ(0, CreatePreferences(prefs));
+        EXPECT_EQ(static_cast<int>(row.entries.size()), Add(*prefs, row.entries));
+        EXPECT_EQ("open -|-|-|-", Taken(prefs));  // nothing is taken before EndBuild
+        EXPECT_FALSE(prefs->EndBuild());          // the result carries no information
+        EXPECT_EQ(row.taken, Taken(prefs));
+        for (const std::string& e : row.entries) {
+            const std::string key = e.substr(0, e.find('='));
+            EXPECT_EQ(e.substr(key.size() + 1), Stored(*prefs, key.c_str()));
+        }
+    }
+    ilu_ptr<luPreferences> prefs = NewPreferences({"name=value"});
     bool found = true;
     prefs->GetAt("missing", found);
     EXPECT_FALSE(found);
-    found = false;
-    const luPref& name = prefs->GetAt("name", found);
-    EXPECT_TRUE(found);
-    EXPECT_TRUE(name.IsString());
-    long untouched = 5;
-    EXPECT_FALSE(name.GetLong(untouched));
-    EXPECT_EQ(5L, untouched);
-    EXPECT_EQ("value", StoredString(*prefs, "name"));
-    EXPECT_EQ(-12L, StoredNumber(*prefs, "count"));
-    // Keys are whole texts.
-    prefs->GetAt("nam", found);
-    EXPECT_FALSE(found);
+    EXPECT_EQ("(absent)", Stored(*prefs, "nam"));  // keys are whole texts
 }
 
-TEST(PreferencesTest, CopyOfABuiltStoreIsOpen) {
-    ilu_ptr<luPreferences> source = NewPreferences();
-    source->AddPreference("true_word", U("wahr"));
-    source->AddPreference("decimal_point", U(","));
-    source->AddPreference("digits", 9L);
-    source->EndBuild();
-    ASSERT_TRUE(Imp(source).IsTrue());
+TEST(PreferencesTest, AddAndRemoveWhileOpenOnly) {
+    ilu_ptr<luPreferences> prefs =
+        NewPreferences({"decimal_point=,", "digits=#3", "true_word=yes", "false_word=no"});
+    // The first value of a key stays, whatever its kind.
+    EXPECT_EQ(0, Add(*prefs, {"decimal_point=;", "decimal_point=#46", "digits=#4", "digits=4"}));
+    EXPECT_FALSE(prefs->RemovePreference("absent"));
+    EXPECT_TRUE(prefs->RemovePreference("true_word"));
+    EXPECT_FALSE(prefs->RemovePreference("true_word"));
+    EXPECT_EQ("(absent)", Stored(*prefs, "true_word"));
+    EXPECT_EQ(1, Add(*prefs, {"true_word=ja"}));  // the key is free again
 
+    prefs->EndBuild();
+    EXPECT_EQ(0, Add(*prefs, {"thousands_sep=.", "number=#2"}));
+    EXPECT_FALSE(prefs->RemovePreference("false_word"));
+    EXPECT_FALSE(prefs->EndBuild());  // a second EndBuild does nothing
+    EXPECT_EQ("built ,|-|ja|no", Taken(prefs));
+    EXPECT_EQ("(absent)", Stored(*prefs, "thousands_sep"));
+    EXPECT_EQ(",", Stored(*prefs, "decimal_point"));
+    EXPECT_EQ("#3", Stored(*prefs, "digits"));
+    EXPECT_EQ("no", Stored(*prefs, "false_word"));
+}
+
+TEST(PreferencesTest, CopiesHaveTheirOwnValues) {
+    ilu_ptr<luPreferences> source = NewPreferences({"true_word=x", "decimal_point=,", "n=#9"});
+    source->EndBuild();
     ilu_ptr<luPreferences> copy;
     ASSERT_EQ(0, CreatePreferences(*source, copy));
     ASSERT_TRUE(copy);
     EXPECT_NE(source.get(), copy.get());
     EXPECT_EQ(1u, copy->GetReferenceCount());
-    EXPECT_FALSE(Imp(copy).IsBuild());
-    EXPECT_FALSE(Imp(copy).IsTrue());
-    EXPECT_FALSE(Imp(copy).IsDecimalPoint());
-    EXPECT_EQ(nullptr, Imp(copy).true_string());
-    // Every entry is there, of its own kind, and the copy may be changed.
-    EXPECT_EQ("wahr", StoredString(*copy, "true_word"));
-    EXPECT_EQ(9L, StoredNumber(*copy, "digits"));
-    EXPECT_TRUE(copy->AddPreference("false_word", U("falsch")));
+    // A copy of a built store is open, with every entry of its own kind.
+    EXPECT_EQ("open -|-|-|-", Taken(copy));
+    EXPECT_EQ("#9", Stored(*copy, "n"));
+    EXPECT_EQ(1, Add(*copy, {"false_word=falsch"}));
     EXPECT_TRUE(copy->RemovePreference("decimal_point"));
     copy->EndBuild();
-    EXPECT_TRUE(Imp(copy).IsTrue());
-    EXPECT_EQ("wahr", Text(Imp(copy).true_string()));
-    EXPECT_EQ("falsch", Text(Imp(copy).false_string()));
-    EXPECT_FALSE(Imp(copy).IsDecimalPoint());
-    // The source is as it was.
-    EXPECT_EQ(u',', Imp(source).decimal_point());
-    EXPECT_EQ("(absent)", StoredString(*source, "false_word"));
-}
+    EXPECT_EQ("built -|-|x|falsch", Taken(copy));
+    EXPECT_EQ("built ,|-|x|-", Taken(source));
+    EXPECT_EQ("(absent)", Stored(*source, "false_word"));
 
-TEST(PreferencesTest, AssignmentGivesTheTargetItsOwnValues) {
+    // Assignment copies the state and the values, not the count.
     ilu_ptr<luPreferencesImp> target(new luPreferencesImp());
-    target->AddPreference("only_in_target", U("gone"));
-
+    Add(*target, {"only_in_target=gone"});
     {
-        ilu_ptr<luPreferencesImp> source(new luPreferencesImp());
-        source->AddPreference("decimal_point", U(","));
-        source->AddPreference("thousands_sep", U("."));
-        source->AddPreference("false_word", U("nein"));
-        source->AddPreference("note", U("kept"));
-        source->AddPreference("digits", 4L);
-        source->EndBuild();
-        *target = *source;
-        EXPECT_EQ(1u, source->GetReferenceCount());
-        EXPECT_EQ(1u, target->GetReferenceCount());  // the count is not copied
-    }                                                // the source and its values are deleted here
-
-    EXPECT_TRUE(target->IsBuild());
-    EXPECT_TRUE(target->IsDecimalPoint());
-    EXPECT_TRUE(target->IsThousandsSep());
-    EXPECT_FALSE(target->IsTrue());
-    EXPECT_TRUE(target->IsFalse());
-    EXPECT_EQ(u',', target->decimal_point());
-    EXPECT_EQ(u'.', target->thousands_sep());
-    EXPECT_EQ("nein", Text(target->false_string()));
-    EXPECT_EQ("kept", StoredString(*target, "note"));
-    EXPECT_EQ("nein", StoredString(*target, "false_word"));
-    EXPECT_EQ(4L, StoredNumber(*target, "digits"));
-    EXPECT_EQ("(absent)", StoredString(*target, "only_in_target"));
-    EXPECT_FALSE(target->AddPreference("other", U("x")));  // built, like its source
-
+        ilu_ptr<luPreferencesImp> built(new luPreferencesImp());
+        Add(*built, {"decimal_point=,", "thousands_sep=.", "false_word=nein", "note=kept", "n=#4"});
+        built->EndBuild();
+        *target = *built;
+        EXPECT_EQ(1u, built->GetReferenceCount());
+        EXPECT_EQ(1u, target->GetReferenceCount());
+    }  // the source and its values are deleted here
+    EXPECT_EQ("built ,|.|-|nein", Taken(*target));
+    EXPECT_EQ("kept", Stored(*target, "note"));
+    EXPECT_EQ("#4", Stored(*target, "n"));
+    EXPECT_EQ("(absent)", Stored(*target, "only_in_target"));
+    EXPECT_EQ(0, Add(*target, {"other=x"}));  // built, like its source
     // An open source gives an open target, which takes its values at its own
     // EndBuild.
     ilu_ptr<luPreferencesImp> open(new luPreferencesImp());
-    open->AddPreference("true_word", U("si"));
+    Add(*open, {"true_word=si"});
     *target = *open;
-    EXPECT_FALSE(target->IsBuild());
-    EXPECT_FALSE(target->IsDecimalPoint());
-    EXPECT_EQ("(absent)", StoredString(*target, "note"));
+    EXPECT_EQ("open -|-|-|-", Taken(*target));
+    EXPECT_EQ("(absent)", Stored(*target, "note"));
     target->EndBuild();
-    EXPECT_EQ("si", Text(target->true_string()));
+    EXPECT_EQ("built -|-|si|-", Taken(*target));
     EXPECT_FALSE(open->IsBuild());
 }
 
 // --- settings --------------------------------------------------------------
 
-ilu_ptr<luPreferences> BuiltPreferences(
-    std::initializer_list<std::pair<const char*, const char*>> prefs = {}) {
-    ilu_ptr<luPreferences> preferences = NewPreferences();
-    for (const auto& p : prefs) preferences->AddPreference(p.first, U(p.second));
-    preferences->EndBuild();
-    return preferences;
-}
-
 const luSettingsImp& Imp(const ilu_ptr<luSettings>& settings) {
     return *settings->GetImp();
 }
 
+// Point|separator|true|false|signs and exponent letter|digits 0 and 9.
+std::string Answers(const ilu_ptr<luSettings>& settings) {
+    const luSettingsImp& s = Imp(settings);
+    return Unit(s.DecimalPoint()) + "|" + Unit(s.ThousandsSep()) + "|" + Text(s.TrueString()) +
+           "|" + Text(s.FalseString()) + "|" + Unit(s.NegativeSign()) + Unit(s.PositiveSign()) +
+           Unit(s.ExponentSign()) + "|" + Unit(s.Digits()[0]) + Unit(s.Digits()[9]);
+}
+
 TEST(SettingsTest, DefaultFormatsByNumber) {
-    for (const char* name : {"C", "de_DE"}) {
-        SCOPED_TRACE(name);
-        const lu_locale locale =
-            std::strcmp(name, "C") == 0 ? lu_locale::classic() : lu_locale(name);
+    for (const lu_locale& locale : {lu_locale::classic(), lu_locale("de_DE")}) {
         ilu_ptr<luSettings> settings = Settings(locale);
-        ASSERT_TRUE(settings);
-        const lu_ctime& dates = lu_use_facet<lu_ctime>(locale);
-        const lu_numpunct& numbers = lu_use_facet<lu_numpunct>(locale);
+        auto at = [&](int i) { return Text(settings->GetFmtLibDefaultFormat(i)); };
         for (int i = 0; i <= 14; ++i) {
-            ASSERT_NE(nullptr, settings->GetFmtLibDefaultFormat(i)) << i;
-            EXPECT_EQ(Text(dates.GetFmtLibDefaultFormat(i)),
-                      Text(settings->GetFmtLibDefaultFormat(i)))
-                << i;
+            EXPECT_EQ(Text(lu_use_facet<lu_ctime>(locale).GetFmtLibDefaultFormat(i)), at(i));
+            EXPECT_NE("(null)", at(i)) << i;
         }
         for (int i = 20; i <= 23; ++i)
-            EXPECT_EQ(Text(numbers.GetFmtLibDefaultFormat(i - 20)),
-                      Text(settings->GetFmtLibDefaultFormat(i)))
-                << i;
-        EXPECT_EQ("T[bt]T[FS]T[bt]T[FS]T[bf]", Text(settings->GetFmtLibDefaultFormat(24)));
-        for (int i : {-1, 15, 16, 17, 18, 19, 25, 26, 100, 350})
-            EXPECT_EQ(nullptr, settings->GetFmtLibDefaultFormat(i)) << i;
+            EXPECT_EQ(Text(lu_use_facet<lu_numpunct>(locale).GetFmtLibDefaultFormat(i - 20)),
+                      at(i));
+        EXPECT_EQ("T[bt]T[FS]T[bt]T[FS]T[bf]", at(24));
+        for (int i : {-1, 15, 19, 25, 350}) EXPECT_EQ("(null)", at(i)) << i;
     }
     // The classic locale's own texts, as a fixed point of reference.
     ilu_ptr<luSettings> classic = Settings(lu_locale::classic());
@@ -308,45 +224,17 @@ TEST(SettingsTest, DefaultFormatsByNumber) {
     EXPECT_EQ("T[dn]L[ ]T[d]L[ ]T[mt]L[ ]T[y4]", Text(classic->GetFmtLibDefaultFormat(0)));
 }
 
-TEST(SettingsTest, PreferencesWinOverTheLocale) {
+TEST(SettingsTest, PreferencesWinOverTheLocaleButNotForSigns) {
     const lu_locale locale = GroupedLocale({3});
-    ilu_ptr<luSettings> plain = Settings(locale);
-    EXPECT_EQ(u'.', Imp(plain).DecimalPoint());
-    EXPECT_EQ(u',', Imp(plain).ThousandsSep());
-    EXPECT_EQ("true", Text(Imp(plain).TrueString()));
-    EXPECT_EQ("false", Text(Imp(plain).FalseString()));
+    EXPECT_EQ(".|,|true|false|-+e|09", Answers(Settings(locale)));
+    EXPECT_EQ(",|'|vrai|faux|-+e|09", Answers(Settings(locale, {{"decimal_point", ","},
+                                                                {"thousands_sep", "'"},
+                                                                {"true_word", "vrai"},
+                                                                {"false_word", "faux"}})));
+    // One wish leaves the rest to the locale; an empty separator wins too.
+    EXPECT_EQ(".||true|false|-+e|09", Answers(Settings(locale, {{"thousands_sep", ""}})));
 
-    ilu_ptr<luSettings> wished = Settings(locale, {{"decimal_point", ","},
-                                                   {"thousands_sep", "'"},
-                                                   {"true_word", "vrai"},
-                                                   {"false_word", "faux"}});
-    EXPECT_EQ(u',', Imp(wished).DecimalPoint());
-    EXPECT_EQ(u'\'', Imp(wished).ThousandsSep());
-    EXPECT_EQ("vrai", Text(Imp(wished).TrueString()));
-    EXPECT_EQ("faux", Text(Imp(wished).FalseString()));
-
-    // One wish leaves the other three to the locale; an empty separator wins
-    // too, as no separator at all.
-    ilu_ptr<luSettings> one = Settings(locale, {{"thousands_sep", ""}});
-    EXPECT_EQ(u'.', Imp(one).DecimalPoint());
-    EXPECT_EQ(0, Imp(one).ThousandsSep());
-    EXPECT_EQ("true", Text(Imp(one).TrueString()));
-}
-
-TEST(SettingsTest, OpenPreferencesCountOnlyOnceBuilt) {
-    ilu_ptr<luPreferences> prefs = NewPreferences();
-    prefs->AddPreference("decimal_point", U(","));
-    ilu_ptr<luSettings> settings;
-    ASSERT_EQ(0, CreateSettings(GroupedLocale({3}), prefs, settings));
-    EXPECT_EQ(u'.', Imp(settings).DecimalPoint());
-    // The settings read the store at every call.
-    prefs->EndBuild();
-    EXPECT_EQ(u',', Imp(settings).DecimalPoint());
-}
-
-// The classic locale with a number facet whose signs and exponent letter are
-// not the usual ones: positive "p", negative "m", exponent "x" / "X".
-lu_locale SignedLocale() {
+    // Signs "p" and "m", exponent letters "x" and "X": no preference changes them.
     static const unsigned short kBlock[] = {u'p', u'm', u'0', u'1', u'2', u'3', u'4', u'5', u'6',
                                             u'7', u'8', u'9', u'a', u'b', u'c', u'd', u'e', u'f',
                                             u'0', u'1', u'2', u'3', u'4', u'5', u'6', u'7', u'8',
@@ -355,136 +243,102 @@ lu_locale SignedLocale() {
     punct->init('.', ',', ucs2string(), kBlock);
     auto* impl = new lu_locale::_Impl(*lu_locale::classic()._M_get_impl(), 0);
     impl->_M_install_facet(&lu_numpunct::id, punct);
-    return lu_locale(impl);
+    EXPECT_EQ(".|,|true|false|mpx|09",
+              Answers(Settings(
+                  lu_locale(impl),
+                  {{"negative_sign", "~"}, {"positive_sign", "^"}, {"exponent_sign", "E"}})));
+
+    // Open preferences count only once built: the settings read the store at
+    // every call.
+    ilu_ptr<luPreferences> prefs = NewPreferences({"decimal_point=,"});
+    ilu_ptr<luSettings> settings;
+    ASSERT_EQ(0, CreateSettings(locale, prefs, settings));
+    EXPECT_EQ(u'.', Imp(settings).DecimalPoint());
+    prefs->EndBuild();
+    EXPECT_EQ(u',', Imp(settings).DecimalPoint());
 }
 
-TEST(SettingsTest, SignsComeFromTheLocaleOnly) {
-    ilu_ptr<luSettings> settings = Settings(
-        SignedLocale(), {{"negative_sign", "~"}, {"positive_sign", "^"}, {"exponent_sign", "E"}});
-    EXPECT_EQ(u'm', Imp(settings).NegativeSign());
-    EXPECT_EQ(u'p', Imp(settings).PositiveSign());
-    EXPECT_EQ(u'x', Imp(settings).ExponentSign());
-    ilu_ptr<luSettings> classic = Settings(lu_locale::classic());
-    EXPECT_EQ(u'-', Imp(classic).NegativeSign());
-    EXPECT_EQ(u'+', Imp(classic).PositiveSign());
-    EXPECT_EQ(u'e', Imp(classic).ExponentSign());
-    EXPECT_EQ(u'0', Imp(classic).Digits()[0]);
-    EXPECT_EQ(u'9', Imp(classic).Digits()[9]);
+// first, first + step, ... below 256, after the positions in `head`.
+std::vector<int> Every(int first, int step, std::vector<int> head = {}) {
+    for (int n = first; n < 256; n += step) head.push_back(n);
+    return head;
 }
 
-std::vector<int> GroupPositions(std::initializer_list<unsigned short> sizes) {
-    ilu_ptr<luSettings> settings = Settings(GroupedLocale(sizes));
-    std::vector<int> bits;
-    for (int n = -5; n < 300; ++n)
-        if (Imp(settings).IsGroupPosition(n)) bits.push_back(n);
-    return bits;
-}
-
-std::vector<int> Every(int first, int step) {
-    std::vector<int> bits;
-    for (int n = first; n < 256; n += step) bits.push_back(n);
-    return bits;
-}
-
+// A size of 0 ends the list; each size moves on from the last position and
+// the last one repeats; positions running past 255 end the map there.
 TEST(SettingsTest, GroupingMap) {
-    EXPECT_EQ(Every(2, 3), GroupPositions({3}));  // 2, 5, ..., 254
-    EXPECT_EQ(85u, GroupPositions({3}).size());
-    EXPECT_EQ(Every(2, 2), GroupPositions({3, 2}));  // 2, 4, ..., 254
-    EXPECT_EQ(Every(0, 1), GroupPositions({1}));
-    EXPECT_EQ((std::vector<int>{}), GroupPositions({}));
-    EXPECT_EQ((std::vector<int>{}), GroupPositions({0xFFFF}));
-    EXPECT_EQ((std::vector<int>{}), GroupPositions({257}));
-    // A size of 0 ends the list: 3, 0, 5 is 3 repeated.
-    EXPECT_EQ(Every(2, 3), GroupPositions({3, 0, 5}));
-    // Each size moves on from the last position; the last one repeats.
-    std::vector<int> stepped{3, 5};
-    for (int n : Every(6, 1)) stepped.push_back(n);
-    EXPECT_EQ(stepped, GroupPositions({4, 2, 1}));
-    // Positions running past 255 end the map there.
-    EXPECT_EQ((std::vector<int>{249, 252, 255}), GroupPositions({250, 3}));
-    EXPECT_EQ((std::vector<int>{199}), GroupPositions({200, 100}));
-    EXPECT_EQ((std::vector<int>{255}), GroupPositions({256}));
-    EXPECT_EQ((std::vector<int>{1}), GroupPositions({2, 255}));
-    EXPECT_EQ((std::vector<int>{2}), GroupPositions({3, 0xFFFF}));
+    const struct {
+        lu_locale locale;
+        std::vector<int> positions;
+    } rows[] = {{GroupedLocale({3}), Every(2, 3)},
+                {GroupedLocale({3, 2}), Every(2, 2)},
+                {GroupedLocale({1}), Every(0, 1)},
+                {GroupedLocale({3, 0, 5}), Every(2, 3)},
+                {GroupedLocale({4, 2, 1}), Every(6, 1, {3, 5})},
+                {GroupedLocale({}), {}},
+                {GroupedLocale({0xFFFF}), {}},
+                {GroupedLocale({257}), {}},
+                {GroupedLocale({250, 3}), {249, 252, 255}},
+                {GroupedLocale({200, 100}), {199}},
+                {GroupedLocale({256}), {255}},
+                {GroupedLocale({2, 255}), {1}},
+                {GroupedLocale({3, 0xFFFF}), {2}},
+                {lu_locale::classic(), {}},
+                {lu_locale("hi_IN"), Every(2, 2)}};
+    for (const auto& row : rows) {
+        ilu_ptr<luSettings> settings = Settings(row.locale);
+        std::vector<int> positions;
+        for (int n = -5; n < 300; ++n)
+            if (Imp(settings).IsGroupPosition(n)) positions.push_back(n);
+        EXPECT_EQ(row.positions, positions) << "row " << &row - rows;
+    }
 }
 
-TEST(SettingsTest, GroupingMapOfTheLocaleData) {
-    EXPECT_EQ((std::vector<int>{}), [] {
-        ilu_ptr<luSettings> settings = Settings(lu_locale::classic());
-        std::vector<int> bits;
-        for (int n = 0; n < 256; ++n)
-            if (Imp(settings).IsGroupPosition(n)) bits.push_back(n);
-        return bits;
-    }());
-    ilu_ptr<luSettings> hindi = Settings(lu_locale("hi_IN"));  // groups of 3, then 2
-    for (int n = 0; n < 256; ++n)
-        EXPECT_EQ(n >= 2 && n % 2 == 0, Imp(hindi).IsGroupPosition(n)) << n;
-}
-
-// The classic locale with its date names replaced by `storage`.
-lu_locale WithDateNames(const lu_ctime_impl::StaticStorage* storage) {
-    auto* impl = new lu_locale::_Impl(*lu_locale::classic()._M_get_impl(), 0);
-    impl->_M_install_facet(&lu_ctime::id, new lu_ctime(storage, 0));
-    return lu_locale(impl);
-}
-
+// An empty or missing name falls back to AM / PM.
 TEST(SettingsTest, HalfDayNames) {
-    ilu_ptr<luSettings> classic = Settings(lu_locale::classic());
-    EXPECT_EQ("AM", Text(Imp(classic).AmPmName(0)));
-    EXPECT_EQ("PM", Text(Imp(classic).AmPmName(1)));
-    ilu_ptr<luSettings> hindi = Settings(lu_locale("hi_IN"));
-    EXPECT_EQ(Text(lu_use_facet<lu_ctime>(lu_locale("hi_IN")).GetAmPm(0)),
-              Text(Imp(hindi).AmPmName(0)));
-    EXPECT_EQ("am", Text(Imp(hindi).AmPmName(0)));
-    EXPECT_EQ("pm", Text(Imp(hindi).AmPmName(1)));
-
-    static const unsigned short kMorning[] = {u'v', u'o', u'r', u'm', u'.', 0};
-    static const unsigned short kEmpty[] = {0};
-    static const unsigned short* const kFirstEmpty[] = {kEmpty, kMorning};
-    static const unsigned short* const kSecondNull[] = {kMorning, nullptr};
-    static lu_ctime_impl::StaticStorage firstEmpty = lu_ctime_impl::kDefaultCtimeStorage;
-    static lu_ctime_impl::StaticStorage secondNull = lu_ctime_impl::kDefaultCtimeStorage;
-    firstEmpty.am_pm = kFirstEmpty;
-    secondNull.am_pm = kSecondNull;
-
-    ilu_ptr<luSettings> a = Settings(WithDateNames(&firstEmpty));
-    EXPECT_EQ("AM", Text(Imp(a).AmPmName(0)));
-    EXPECT_EQ("vorm.", Text(Imp(a).AmPmName(1)));
-    ilu_ptr<luSettings> b = Settings(WithDateNames(&secondNull));
-    EXPECT_EQ("vorm.", Text(Imp(b).AmPmName(0)));
-    EXPECT_EQ("PM", Text(Imp(b).AmPmName(1)));
+    static const unsigned short kMorning[] = {u'v', u'o', u'r', u'm', u'.', 0}, kEmpty[] = {0};
+    static const unsigned short* const kNames[][2] = {
+        {nullptr, nullptr}, {nullptr, nullptr}, {kEmpty, kMorning}, {kMorning, nullptr}};
+    static lu_ctime_impl::StaticStorage storage[4];
+    const char* expected[] = {"AM PM", "am pm", "AM vorm.", "vorm. PM"};
+    for (int i = 0; i < 4; ++i) {
+        lu_locale locale = i == 0 ? lu_locale::classic() : lu_locale("hi_IN");
+        if (i >= 2) {
+            storage[i] = lu_ctime_impl::kDefaultCtimeStorage;
+            storage[i].am_pm = kNames[i];
+            auto* impl = new lu_locale::_Impl(*lu_locale::classic()._M_get_impl(), 0);
+            impl->_M_install_facet(&lu_ctime::id, new lu_ctime(&storage[i], 0));
+            locale = lu_locale(impl);
+        }
+        ilu_ptr<luSettings> settings = Settings(locale);
+        EXPECT_EQ(expected[i],
+                  Text(Imp(settings).AmPmName(0)) + " " + Text(Imp(settings).AmPmName(1)));
+    }
 }
 
 TEST(SettingsTest, CreateSettingsFailures) {
-    ilu_ptr<luPreferences> prefs = BuiltPreferences();
+    ilu_ptr<luPreferences> prefs = NewPreferences(), none;
+    prefs->EndBuild();
     ilu_ptr<luSettings> existing = Settings(lu_locale::classic());
-    ilu_ptr<luSettings> out = existing;
-
-    ilu_ptr<luPreferences> none;
-    EXPECT_EQ(LU_E_FAIL, CreateSettings(lu_locale::classic(), none, out));
-    EXPECT_EQ(existing.get(), out.get());
-
-    // A locale with date names and character classes but no number facet.
+    ilu_ptr<luSettings> out = existing, empty;
+    // Date names and character classes but no number facet.
     auto* impl = new lu_locale::_Impl(20, 0);
     impl->_M_install_facet(&lu_ctime::id, new lu_ctime(0u));
     impl->_M_install_facet(&lu_ctype::id, new lu_ctype(0u));
     const lu_locale noNumbers(impl);
-    EXPECT_EQ(LU_E_FAIL, CreateSettings(noNumbers, prefs, out));
-    EXPECT_EQ(existing.get(), out.get());
-    // No facets at all.
-    EXPECT_EQ(LU_E_FAIL, CreateSettings(lu_locale(nullptr), prefs, out));
-    EXPECT_EQ(existing.get(), out.get());
-    EXPECT_EQ(1u, prefs->GetReferenceCount());  // nothing kept a count
 
-    // An empty out stays empty.
-    ilu_ptr<luSettings> empty;
+    EXPECT_EQ(LU_E_FAIL, CreateSettings(lu_locale::classic(), none, out));
+    EXPECT_EQ(LU_E_FAIL, CreateSettings(noNumbers, prefs, out));
+    EXPECT_EQ(LU_E_FAIL, CreateSettings(lu_locale(nullptr), prefs, out));
+    EXPECT_EQ(existing.get(), out.get());       // out is left alone
+    EXPECT_EQ(1u, prefs->GetReferenceCount());  // nothing kept a count
     EXPECT_EQ(LU_E_FAIL, CreateSettings(noNumbers, prefs, empty));
     EXPECT_FALSE(empty);
 }
 
 TEST(SettingsTest, CountsAndLifetimes) {
-    ilu_ptr<luPreferences> prefs = BuiltPreferences({{"decimal_point", ","}});
-    EXPECT_EQ(1u, prefs->GetReferenceCount());
+    ilu_ptr<luPreferences> prefs = NewPreferences({"decimal_point=,"});
+    prefs->EndBuild();
     ilu_ptr<luSettings> settings;
     {
         const lu_locale local = GroupedLocale({3});  // the settings keep a copy
@@ -492,8 +346,7 @@ TEST(SettingsTest, CountsAndLifetimes) {
     }
     EXPECT_EQ(1u, settings->GetReferenceCount());
     EXPECT_EQ(2u, prefs->GetReferenceCount());  // held by the settings
-    EXPECT_EQ(u',', Imp(settings).DecimalPoint());
-    EXPECT_EQ(u',', Imp(settings).ThousandsSep());
+    EXPECT_EQ(",|,|true|false|-+e|09", Answers(settings));
     EXPECT_TRUE(Imp(settings).IsGroupPosition(2));
 
     luNumberFormat* format = nullptr;
@@ -501,7 +354,6 @@ TEST(SettingsTest, CountsAndLifetimes) {
     EXPECT_EQ(2u, settings->GetReferenceCount());  // held by the formatter
     delete format;
     EXPECT_EQ(1u, settings->GetReferenceCount());
-
     settings = nullptr;
     EXPECT_EQ(1u, prefs->GetReferenceCount());
 }

@@ -40,119 +40,68 @@ namespace {
 
 std::atomic<long> g_allocations{0};
 
-// The heap without counting, so that operator new counts once.
-void* RawMalloc(std::size_t size) {
-#if KAI18N_COUNT_MALLOC
-    return __libc_malloc(size);
-#else
-    return std::malloc(size);
-#endif
-}
-
-void Count() {
+// Counted once: the heap underneath is not counted again.
+void* Allocate(std::size_t size, std::size_t align, bool throwing) {
     g_allocations.fetch_add(1, std::memory_order_relaxed);
-}
-
-long Allocations() {
-    return g_allocations.load(std::memory_order_relaxed);
-}
-
-void* Allocate(std::size_t size) {
-    Count();
-    return RawMalloc(size == 0 ? 1 : size);
-}
-
-void* AllocateAligned(std::size_t size, std::align_val_t alignment) {
-    Count();
     void* memory = nullptr;
-    std::size_t align = static_cast<std::size_t>(alignment);
-    if (align < sizeof(void*)) align = sizeof(void*);
-    if (posix_memalign(&memory, align, size == 0 ? 1 : size) != 0) return nullptr;
+    if (size == 0) size = 1;
+    if (align == 0) {
+#if KAI18N_COUNT_MALLOC
+        memory = __libc_malloc(size);
+#else
+        memory = std::malloc(size);
+#endif
+    } else if (posix_memalign(&memory, align < sizeof(void*) ? sizeof(void*) : align, size) != 0) {
+        memory = nullptr;
+    }
+    if (memory == nullptr && throwing) throw std::bad_alloc();
     return memory;
 }
 
 }  // namespace
 
-// Each form of the global allocation functions, counted.
-void* operator new(std::size_t size) {
-    if (void* memory = Allocate(size)) return memory;
-    throw std::bad_alloc();
-}
-void* operator new[](std::size_t size) {
-    if (void* memory = Allocate(size)) return memory;
-    throw std::bad_alloc();
-}
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-    return Allocate(size);
-}
-void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
-    return Allocate(size);
-}
-void* operator new(std::size_t size, std::align_val_t alignment) {
-    if (void* memory = AllocateAligned(size, alignment)) return memory;
-    throw std::bad_alloc();
-}
-void* operator new[](std::size_t size, std::align_val_t alignment) {
-    if (void* memory = AllocateAligned(size, alignment)) return memory;
-    throw std::bad_alloc();
-}
-void* operator new(std::size_t size, std::align_val_t alignment, const std::nothrow_t&) noexcept {
-    return AllocateAligned(size, alignment);
-}
-void* operator new[](std::size_t size, std::align_val_t alignment, const std::nothrow_t&) noexcept {
-    return AllocateAligned(size, alignment);
-}
-void operator delete(void* memory) noexcept {
-    std::free(memory);
-}
-void operator delete[](void* memory) noexcept {
-    std::free(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept {
-    std::free(memory);
-}
-void operator delete[](void* memory, std::size_t) noexcept {
-    std::free(memory);
-}
-void operator delete(void* memory, const std::nothrow_t&) noexcept {
-    std::free(memory);
-}
-void operator delete[](void* memory, const std::nothrow_t&) noexcept {
-    std::free(memory);
-}
-void operator delete(void* memory, std::align_val_t) noexcept {
-    std::free(memory);
-}
-void operator delete[](void* memory, std::align_val_t) noexcept {
-    std::free(memory);
-}
-void operator delete(void* memory, std::size_t, std::align_val_t) noexcept {
-    std::free(memory);
-}
-void operator delete[](void* memory, std::size_t, std::align_val_t) noexcept {
-    std::free(memory);
-}
-void operator delete(void* memory, std::align_val_t, const std::nothrow_t&) noexcept {
-    std::free(memory);
-}
-void operator delete[](void* memory, std::align_val_t, const std::nothrow_t&) noexcept {
-    std::free(memory);
-}
+// Every form of the global allocation functions; all memory is freed alike.
+#define KAI18N_COUNTED_NEW(mark, align, throwing, ...)        \
+    void* operator new(std::size_t size __VA_ARGS__) mark {   \
+        return Allocate(size, align, throwing);               \
+    }                                                         \
+    void* operator new[](std::size_t size __VA_ARGS__) mark { \
+        return Allocate(size, align, throwing);               \
+    }
+#define KAI18N_FREE(...)                                        \
+    void operator delete(void* memory __VA_ARGS__) noexcept {   \
+        std::free(memory);                                      \
+    }                                                           \
+    void operator delete[](void* memory __VA_ARGS__) noexcept { \
+        std::free(memory);                                      \
+    }
+#define KAI18N_ALIGN static_cast<std::size_t>(alignment)
+KAI18N_COUNTED_NEW(, 0, true, )
+KAI18N_COUNTED_NEW(noexcept, 0, false, , const std::nothrow_t&)
+KAI18N_COUNTED_NEW(, KAI18N_ALIGN, true, , std::align_val_t alignment)
+KAI18N_COUNTED_NEW(noexcept, KAI18N_ALIGN, false, , std::align_val_t alignment,
+                   const std::nothrow_t&)
+KAI18N_FREE()
+KAI18N_FREE(, std::size_t)
+KAI18N_FREE(, const std::nothrow_t&)
+KAI18N_FREE(, std::align_val_t)
+KAI18N_FREE(, std::size_t, std::align_val_t)
+KAI18N_FREE(, std::align_val_t, const std::nothrow_t&)
 
 #if KAI18N_COUNT_MALLOC
-// The C heap, counted and handed on to the C library's own functions, so that
-// memory from either side may be freed by the other.
+// The C heap, counted and handed on to the C library, so that memory from
+// either side may be freed by the other.
 extern "C" {
 void* malloc(std::size_t size) noexcept {
-    Count();
+    g_allocations.fetch_add(1, std::memory_order_relaxed);
     return __libc_malloc(size);
 }
 void* calloc(std::size_t count, std::size_t size) noexcept {
-    Count();
+    g_allocations.fetch_add(1, std::memory_order_relaxed);
     return __libc_calloc(count, size);
 }
 void* realloc(void* memory, std::size_t size) noexcept {
-    Count();
+    g_allocations.fetch_add(1, std::memory_order_relaxed);
     return __libc_realloc(memory, size);
 }
 void free(void* memory) noexcept {
@@ -180,9 +129,9 @@ std::unique_ptr<luNumberFormat> Make(ilu_ptr<luSettings>& settings, const std::s
 // The allocations made by one call of `action`.
 template <class Action>
 long AllocationsOf(Action&& action) {
-    const long before = Allocations();
+    const long before = g_allocations.load();
     action();
-    return Allocations() - before;
+    return g_allocations.load() - before;
 }
 
 TEST(NumberFormatNoAllocTest, TheCounterCounts) {
@@ -203,19 +152,19 @@ TEST(NumberFormatNoAllocTest, TheCounterCounts) {
 
 TEST(NumberFormatNoAllocTest, FormattingAllocatesNothing) {
     auto settings = Settings(GroupedLocale({3}), {{"true_word", "yes"}});
+    // The last one cannot be read: #FORMAT.
     const char* const patterns[] = {
         "#,##0.00",
         "0.00E+00",
         "##0.0E+0",
-        "[Red]#,##0.00' EUR';[Blue](#,##0.00)' EUR';[Green]'nothing';[Cyan]'no value'",
         "0.0<times 100 and sign>",
         "<bool>",
         "<true>;<true>;<false>",
         "BOOLEAN",
         "STANDARD",
         "SCIENTIFIC",
-        "0\\",  // unreadable: #FORMAT
-    };
+        "[Red]#,##0.00' EUR';[Blue](#,##0.00)' EUR';[Green]'nothing';[Cyan]'no value'",
+        "0\\"};
     const double doubles[] = {0,     -0.0,    1234.5, -1234.5, 0.125, 1e15,
                               1e300, -1e-300, kNaN,   kInf,    -kInf, 123456789012345678.0};
     const long longs[] = {0, 7, -1234567, LONG_MIN, LONG_MAX};
@@ -234,41 +183,36 @@ TEST(NumberFormatNoAllocTest, FormattingAllocatesNothing) {
     }
 }
 
-TEST(NumberFormatNoAllocTest, LongResultsWithinTheInlineBuffer) {
+// The result buffer holds 500 units inline, its terminator included; beyond
+// that it allocates once and keeps the room for later results.
+TEST(NumberFormatNoAllocTest, TheInlineBufferEndsAt500Units) {
     auto settings = Settings(GroupedLocale({3}));
-    // 256 integer digits with 85 separators: 341 units.
-    auto grouped = Make(settings, "#,##0");
-    ASSERT_TRUE(grouped != nullptr);
-    EXPECT_EQ(0, AllocationsOf([&] { grouped->Format(9.99999999999999e255); }));
-    EXPECT_EQ(341u, ucs2string(grouped->c_str()).length());
-
-    // 499 units fit the inline buffer with its terminator; 500 do not.
-    auto fits = Make(settings, "'" + std::string(498, 'x') + "'0");
-    ASSERT_TRUE(fits != nullptr);
-    EXPECT_EQ(0, AllocationsOf([&] { fits->Format(5.0); }));
-    EXPECT_EQ(499u, ucs2string(fits->c_str()).length());
-    auto over = Make(settings, "'" + std::string(499, 'x') + "'0");
-    ASSERT_TRUE(over != nullptr);
-    EXPECT_LE(1, AllocationsOf([&] { over->Format(5.0); }));
-    EXPECT_EQ(500u, ucs2string(over->c_str()).length());
-}
-
-TEST(NumberFormatNoAllocTest, ResultsBeyondTheInlineBufferAllocate) {
-    auto settings = Settings(GroupedLocale({3}));
-    auto format =
-        Make(settings, "'" + std::string(600, 'x') + "'0;;;'" + std::string(600, 'e') + "'");
-    ASSERT_TRUE(format != nullptr);
-    EXPECT_LE(1, AllocationsOf([&] { format->Format(1.0); }));
-    EXPECT_EQ(601u, ucs2string(format->c_str()).length());
-    // The buffer keeps its room: the next results of that size need nothing.
-    EXPECT_EQ(0, AllocationsOf([&] { format->Format(2L); }));
-    EXPECT_EQ(0, AllocationsOf([&] { format->FormatError(); }));
-    EXPECT_EQ(602u, ucs2string(format->c_str()).length());  // quotes and all
-
+    const std::string x498(498, 'x'), x600(600, 'x'), e600(600, 'e');
+    const struct {
+        std::string pattern;
+        double value;
+        std::size_t length;
+        bool allocates;
+    } rows[] = {{"#,##0", 9.99999999999999e255, 341, false},  // 256 digits, 85 separators
+                {"'" + x498 + "'0", 5, 499, false},
+                {"'x" + x498 + "'0", 5, 500, true},
+                {"'" + x600 + "'0;;;'" + e600 + "'", 1, 601, true},
+                {"0;;;'" + e600 + "'", 3, 1, false}};
+    for (const auto& row : rows) {
+        auto format = Make(settings, row.pattern);
+        ASSERT_TRUE(format != nullptr);
+        EXPECT_EQ(row.allocates, AllocationsOf([&] { format->Format(row.value); }) > 0)
+            << row.length;
+        EXPECT_EQ(row.length, ucs2string(format->c_str()).length());
+    }
+    // The room is kept: the next results of that size need nothing.
+    auto kept = Make(settings, "'" + x600 + "'0;;;'" + e600 + "'");
+    kept->Format(1.0);
+    EXPECT_EQ(0, AllocationsOf([&] { kept->Format(2L); }));
+    EXPECT_EQ(0, AllocationsOf([&] { kept->FormatError(); }));
+    EXPECT_EQ(602u, ucs2string(kept->c_str()).length());  // quotes and all
     // The error text alone may outgrow the buffer too.
-    auto error = Make(settings, "0;;;'" + std::string(600, 'e') + "'");
-    ASSERT_TRUE(error != nullptr);
-    EXPECT_EQ(0, AllocationsOf([&] { error->Format(3.0); }));
+    auto error = Make(settings, "0;;;'" + e600 + "'");
     EXPECT_LE(1, AllocationsOf([&] { error->FormatError(); }));
 }
 
