@@ -140,17 +140,14 @@ luTokensDefinition* NewColourDefinition(const luColourNames& names) {
     return definition.release();
 }
 
-// Each start-up step builds into locals and publishes only what it finished,
-// so that a step that runs out of memory leaves its pointers null.
+// Each start-up step publishes its objects as it makes them, so that one that
+// runs out of memory leaves the rest null and shut-down deletes what exists.
 void StartOmbrin() {
-    std::unique_ptr<definition_map> date(new definition_map);
-    std::unique_ptr<definition_map> number(new definition_map);
-    std::unique_ptr<key_map> keys(new key_map{{"en", "en"}, {"", "en"}});
-    (*date)["en"] = NewOmbrinDefinition(true);
-    (*number)["en"] = NewOmbrinDefinition(false);
-    g_state.ombrinDate = date.release();
-    g_state.ombrinNumber = number.release();
-    g_state.ombrinKeys = keys.release();
+    g_state.ombrinDate = new definition_map;
+    g_state.ombrinNumber = new definition_map;
+    g_state.ombrinKeys = new key_map{{"en", "en"}, {"", "en"}};
+    (*g_state.ombrinDate)["en"] = NewOmbrinDefinition(true);
+    (*g_state.ombrinNumber)["en"] = NewOmbrinDefinition(false);
 }
 
 void StartSerial() {
@@ -248,15 +245,11 @@ const luTokensDefinition* Find(const definition_map* definitions, const key_map*
     }
 }
 
-const luVeloraLetters* FindLetters(const std::string& key) {
-    for (std::size_t i = 0; i < kVeloraLetterCount; ++i)
-        if (key == kVeloraLetters[i].key) return &kVeloraLetters[i];
-    return nullptr;
-}
-
-const luVeloraSeparators* FindSeparators(const std::string& key) {
-    for (std::size_t i = 0; i < kVeloraSeparatorCount; ++i)
-        if (key == kVeloraSeparators[i].key) return &kVeloraSeparators[i];
+// The row of a constant table whose key is `key`, or null.
+template <class Row>
+const Row* FindRow(const Row* rows, std::size_t count, const std::string& key) {
+    for (std::size_t i = 0; i < count; ++i)
+        if (key == rows[i].key) return &rows[i];
     return nullptr;
 }
 
@@ -267,8 +260,9 @@ const luTokensDefinition* CachedVeloraDate(const std::string& dateKey,
     const std::string cacheKey = dateKey + separatorKey;
     const auto found = cache.find(cacheKey);
     if (found != cache.end()) return found->second;
-    const luVeloraLetters* letters = FindLetters(dateKey);
-    const luVeloraSeparators* separators = FindSeparators(separatorKey);
+    const luVeloraLetters* letters = FindRow(kVeloraLetters, kVeloraLetterCount, dateKey);
+    const luVeloraSeparators* separators =
+        FindRow(kVeloraSeparators, kVeloraSeparatorCount, separatorKey);
     if (letters == nullptr || separators == nullptr) return nullptr;
     std::unique_ptr<luTokensDefinition> built(BuildVeloraDateDefinition(*letters, *separators));
     cache[cacheKey] = built.get();

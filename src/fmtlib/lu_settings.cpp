@@ -49,21 +49,14 @@ luSettingsImp::luSettingsImp(const lu_locale& locale, const ilu_ptr<luPreference
       m_digits(nullptr),
       m_ctime(nullptr),
       m_ctype(nullptr) {
-    try {
-        m_numpunct = &lu_use_facet<lu_numpunct>(*m_locale);
-        m_ctime = &lu_use_facet<lu_ctime>(*m_locale);
-        m_ctype = &lu_use_facet<lu_ctype>(*m_locale);
-    } catch (...) {
-        delete m_locale;
-        throw;
-    }
+    m_numpunct = &lu_use_facet<lu_numpunct>(*m_locale);
+    m_ctime = &lu_use_facet<lu_ctime>(*m_locale);
+    m_ctype = &lu_use_facet<lu_ctype>(*m_locale);
     m_grouping = GroupingMap(m_numpunct->grouping());
     m_digits = m_numpunct->GetDigits(false);
 }
 
-luSettingsImp::~luSettingsImp() {
-    delete m_locale;
-}
+luSettingsImp::~luSettingsImp() = default;
 
 const unsigned short* luSettingsImp::GetFmtLibDefaultFormat(int format) const {
     if (format >= 0 && format <= 14) return m_ctime->GetFmtLibDefaultFormat(format);

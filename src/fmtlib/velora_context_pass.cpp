@@ -1,6 +1,7 @@
 // The Velora date dialect writes months and minutes alike ("mm"); this pass
 // decides from the neighbours which one a month token means.
 #include <memory>
+#include <new>
 
 #include "fmtlib/fmt_string_codec.h"
 

@@ -5,6 +5,7 @@
 #define KAI18N_FMTLIB_LU_SETTINGS_H
 
 #include <bitset>
+#include <memory>
 
 #include "kai18n/fmtlib/lu_preferences.h"
 #include "kai18n/locale/lu_locale.h"
@@ -68,7 +69,7 @@ class luSettingsImp : public luSettings {
   private:
     ilu_ptr<luPreferences> m_preferences;
     const luPreferencesImp* m_values;
-    lu_locale* m_locale;  // owned; keeps the facets alive
+    std::unique_ptr<lu_locale> m_locale;  // keeps the facets alive
     const lu_numpunct* m_numpunct;
     std::bitset<256> m_grouping;
     const unsigned short* m_digits;
