@@ -45,6 +45,9 @@
 #include "kai18n/facets/lu_reserved_facets.h"
 #include "kai18n/facets/lu_simple_shaper.h"
 
+// Date-time value
+#include "kai18n/datetime/lu_date_time.h"
+
 // Format library
 #include "kai18n/fmtlib/lu_fmt_dialects.h"
 #include "kai18n/fmtlib/lu_fmt_pattern.h"
