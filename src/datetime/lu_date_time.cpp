@@ -3,8 +3,7 @@
 // Every conversion is a constant-time formula. Dates are turned into day
 // numbers with the integer month-shift formula (months counted from March, so
 // that the leap day ends the shifted year), and day numbers back into dates
-// with the classical floating-point method, whose divisions are written as
-// multiplications by fixed reciprocals.
+// with the classical century/year/month method.
 #include "kai18n/datetime/lu_date_time.h"
 
 #include <cmath>
@@ -19,9 +18,8 @@ namespace {
 // The reciprocals, as the doubles nearest to them: the formulas multiply.
 constexpr double kOneSixtieth = 0.016666666666666666;
 constexpr double kOneTwentyFourth = 0.041666666666666664;
-constexpr double kPerGregorianCentury = 2.7379070069885075e-5;  // 1 / 36524.25
-constexpr double kPerJulianYear = 0.0027378507871321013;        // 1 / 365.25
-constexpr double kPerMonthStep = 0.03267963176590926;           // 1 / 30.6001
+constexpr double kPerJulianYear = 0.0027378507871321013;  // 1 / 365.25
+constexpr double kPerMonthStep = 0.03267963176590926;     // 1 / 30.6001
 
 // Day number of the first Gregorian day (15 October 1582) on the scale of Ymd.
 constexpr int kFirstGregorianDayNumber = 2299161;
@@ -41,9 +39,12 @@ inline int WholeBelow(double x) {
 }
 
 // The fraction of the value above its floor: the time of day that Set put in,
-// for dates before 1858 as after.
+// for dates before 1858 as after. The floor by conversion, exact for every
+// value the type holds, spares a library call on the printing path.
 inline double TimeOfDay(double mjd) {
-    return mjd - std::floor(mjd);
+    double floor = static_cast<double>(static_cast<std::int64_t>(mjd));
+    if (floor > mjd) floor -= 1.0;
+    return mjd - floor;
 }
 
 // The day number n on which weekdays are counted: the whole part of the
@@ -143,24 +144,40 @@ bool lu_date_time::IsNull() const {
 
 void lu_date_time::Ymd(int& year, int& month, int& day) const {
     const int z = WholeBelow(m_mjd + 2400001.0);
-    int a = z;
-    if (z >= kFirstGregorianDayNumber) {
-        // Gregorian centuries since the epoch of the formula, less the
-        // centuries that keep their leap day.
-        const int alpha = WholeBelow((z - 1867216.25) * kPerGregorianCentury);
-        a = alpha - alpha / 4 + z + 1;
+    int a = z, b, c, d, e;
+    if (z >= 0) {
+        // Every day from Julian Date 0 on: the same steps in exact integer
+        // arithmetic. The floating form below truncates its rounded
+        // reciprocal products one too low where (Z - 1867216.25) / 36524.25
+        // is a whole number, and so names 29 February of 6700, 13100, 25500
+        // and 25900, which do not exist, for 1 March; on every other day of
+        // the valid range the two agree.
+        if (z >= kFirstGregorianDayNumber) {
+            const int alpha = (4 * z - 7468865) / 146097;
+            a = z + 1 + alpha - alpha / 4;
+        }
+        b = a + 1524;
+        c = (20 * b - 2442) / 7305;
+        d = (1461 * c) / 4;
+        e = (10000 * (b - d)) / 306001;
+        day = b - d - (306001 * e) / 10000;
+    } else {
+        // Below the valid range, which holds only the null sentinel: the
+        // floating form, whose steps step down from negative values as
+        // written (a negative whole number goes one below its floor).
+        b = a + 1524;
+        c = WholeBelow((b - 122.1) * kPerJulianYear);
+        d = WholeBelow(c * 365.25);
+        e = WholeBelow((b - d) * kPerMonthStep);
+        day = b - d - WholeBelow(e * 30.6001);
     }
-    const int b = a + 1524;
-    const int c = WholeBelow((b - 122.1) * kPerJulianYear);
-    const int d = WholeBelow(c * 365.25);
-    const int e = WholeBelow((b - d) * kPerMonthStep);
-    day = b - d - WholeBelow(e * 30.6001);
     month = e >= 14 ? e - 13 : e - 1;
     year = c - 4715 - (month > 2 ? 1 : 0);
 }
 
 void lu_date_time::Hms(int& hour, int& minute, int& second) const {
-    int rest = static_cast<int>(std::floor(TimeOfDay(m_mjd) * 86400.0 + 0.5));
+    // Not negative, so the conversion is the floor.
+    int rest = static_cast<int>(TimeOfDay(m_mjd) * 86400.0 + 0.5);
     hour = rest / 3600;
     rest %= 3600;
     minute = rest / 60;
@@ -168,7 +185,7 @@ void lu_date_time::Hms(int& hour, int& minute, int& second) const {
 }
 
 void lu_date_time::Hmsms(int& hour, int& minute, int& second, int& millisecond) const {
-    int rest = static_cast<int>(std::floor(TimeOfDay(m_mjd) * 86400000.0 + 0.5));
+    int rest = static_cast<int>(TimeOfDay(m_mjd) * 86400000.0 + 0.5);
     hour = rest / 3600000;
     rest %= 3600000;
     minute = rest / 60000;

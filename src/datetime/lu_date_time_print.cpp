@@ -2,6 +2,7 @@
 // the names and default formats of a locale's lu_ctime, and the diagnostic
 // outlets Trace and operator<<.
 #include <algorithm>
+#include <cstdint>
 #include <cstdio>
 #include <ostream>
 
@@ -30,6 +31,33 @@ constexpr int kMaxNesting = 4;
 // keeps the parse free of overflow.
 constexpr int kMaxWidth = 65535;
 
+// append_formatted for a number, with a short road for what a date prints
+// most: up to four digits in a field of up to four units. The units are
+// chosen without branches on the value, as its digit count varies from date
+// to date; the text is the same.
+inline __attribute__((always_inline)) void AppendNumber(ucs2string_formatter& out, long value,
+                                                        int width, int align, unsigned short fill) {
+    if (value < 0 || value > 9999 || width > 4 || align == ucs2string_formatter::align_left) {
+        out.append_formatted(value, width, align, fill);
+        return;
+    }
+    const unsigned int v = static_cast<unsigned int>(value);
+    const int count = 1 + (v >= 10) + (v >= 100) + (v >= 1000);
+    if (width >= 0 && count > width) {
+        out.append_formatted(value, width, align, fill);  // a field of '#', or nothing
+        return;
+    }
+    const int total = align == ucs2string_formatter::align_right && width > count ? width : count;
+    // The four units a field of four would show, the first in the low bits;
+    // a shorter field keeps the last `total` of them.
+    const std::uint64_t four =
+        static_cast<std::uint64_t>(v >= 1000 ? '0' + v / 1000 : fill) |
+        static_cast<std::uint64_t>(v >= 100 ? '0' + v / 100 % 10 : fill) << 16 |
+        static_cast<std::uint64_t>(v >= 10 ? '0' + v / 10 % 10 : fill) << 32 |
+        static_cast<std::uint64_t>('0' + v % 10) << 48;
+    out.append_packed(four >> (16 * (4 - total)), static_cast<unsigned int>(total));
+}
+
 // One conversion as parsed behind its '%'.
 struct Conversion {
     unsigned short letter;
@@ -49,22 +77,24 @@ class DatePrinter {
     void Print(ucs2string_formatter& out, const unsigned short* format, int depth) const;
 
   private:
-    // Writes one conversion's text into `scratch`.
-    void Convert(ucs2string_formatter& scratch, const Conversion& c, int depth) const;
-    void Nested(ucs2string_formatter& scratch, const unsigned short* format, int depth) const {
-        if (depth < kMaxNesting) Print(scratch, format, depth + 1);
+    // A conversion with a width: its text goes through a field.
+    void ConvertField(ucs2string_formatter& out, const Conversion& c, int depth) const;
+    // Appends one conversion's text to `text`.
+    void Convert(ucs2string_formatter& text, const Conversion& c, int depth) const;
+    void Nested(ucs2string_formatter& text, const unsigned short* format, int depth) const {
+        if (depth < kMaxNesting) Print(text, format, depth + 1);
     }
     // A number with the conversion's own width and fill, aligned as the flag '#' says.
-    static void Number(ucs2string_formatter& scratch, long value, int width, unsigned short fill,
+    static void Number(ucs2string_formatter& text, long value, int width, unsigned short fill,
                        const Conversion& c) {
-        scratch.append_formatted(value, width, c.inner_align, fill);
+        AppendNumber(text, value, width, c.inner_align, fill);
     }
     // A number that takes the parsed width, alignment and fill as its own.
-    static void ParsedNumber(ucs2string_formatter& scratch, long value, const Conversion& c) {
-        scratch.append_formatted(value, c.width, c.inner_align == 0 ? 0 : c.field_align, c.fill);
+    static void ParsedNumber(ucs2string_formatter& text, long value, const Conversion& c) {
+        AppendNumber(text, value, c.width, c.inner_align == 0 ? 0 : c.field_align, c.fill);
     }
-    static void RightBlanks(ucs2string_formatter& scratch, long value) {
-        scratch.append_formatted(value, 2, ucs2string_formatter::align_right, ' ');
+    static void RightBlanks(ucs2string_formatter& text, long value) {
+        AppendNumber(text, value, 2, ucs2string_formatter::align_right, ' ');
     }
     int TwelveHour() const { return m_hour % 12 == 0 ? 12 : m_hour % 12; }
 
@@ -75,11 +105,13 @@ class DatePrinter {
 
 void DatePrinter::Print(ucs2string_formatter& out, const unsigned short* format, int depth) const {
     if (format == nullptr) return;
-    ucs2string_formatter scratch;
     const unsigned short* p = format;
     while (*p != 0) {
         if (*p != '%' || p[1] == 0) {
-            out.push_back(*p++);
+            const unsigned short* const run = p;
+            while (*++p != 0 && (*p != '%' || p[1] == 0)) {
+            }
+            out.append_units(run, static_cast<unsigned int>(p - run));
             continue;
         }
         const unsigned short* const start = p++;
@@ -106,124 +138,137 @@ void DatePrinter::Print(ucs2string_formatter& out, const unsigned short* format,
             break;
         }
         c.letter = *p++;
-        scratch.clear();
-        Convert(scratch, c, depth);
-        out.append_formatted(scratch, c.width, c.field_align, c.fill);
+        if (c.width < 0) {
+            // A field without a width is its text as it stands.
+            Convert(out, c, depth);
+        } else {
+            ConvertField(out, c, depth);
+        }
     }
 }
 
-void DatePrinter::Convert(ucs2string_formatter& scratch, const Conversion& c, int depth) const {
+// Out of line, so that the scratch buffer is on the stack only for a field.
+__attribute__((noinline)) void DatePrinter::ConvertField(ucs2string_formatter& out,
+                                                         const Conversion& c, int depth) const {
+    ucs2string_formatter scratch;
+    Convert(scratch, c, depth);
+    out.append_formatted(scratch, c.width, c.field_align, c.fill);
+}
+
+inline __attribute__((always_inline)) void DatePrinter::Convert(ucs2string_formatter& text,
+                                                                const Conversion& c,
+                                                                int depth) const {
     switch (c.letter) {
         case 'a':
-            scratch.append(m_names.GetShortNameOfDay(static_cast<int>(m_value.WeekDay(0))));
+            text.append(m_names.GetShortNameOfDay(static_cast<int>(m_value.WeekDay(0))));
             break;
         case 'A':
-            scratch.append(m_names.GetNameOfDay(static_cast<int>(m_value.WeekDay(0))));
+            text.append(m_names.GetNameOfDay(static_cast<int>(m_value.WeekDay(0))));
             break;
         case 'b':
-            scratch.append(m_names.GetShortNameOfMonth(m_month));
+            text.append(m_names.GetShortNameOfMonth(m_month));
             break;
         case 'B':
-            scratch.append(m_names.GetNameOfMonth(m_month));
+            text.append(m_names.GetNameOfMonth(m_month));
             break;
         case 'c':
-            Nested(scratch, m_names.GetDefaultDateFormat(), depth);
-            scratch.push_back(' ');
-            Nested(scratch, m_names.GetDefaultTimeFormat(), depth);
+            Nested(text, m_names.GetDefaultDateFormat(), depth);
+            text.push_back(' ');
+            Nested(text, m_names.GetDefaultTimeFormat(), depth);
             break;
         case 'C':
-            ParsedNumber(scratch, m_year > 0 ? m_year / 100 : (m_year - 1) / 100, c);
+            ParsedNumber(text, m_year > 0 ? m_year / 100 : (m_year - 1) / 100, c);
             break;
         case 'd':
-            Number(scratch, m_day, 2, '0', c);
+            Number(text, m_day, 2, '0', c);
             break;
         case 'D':
-            Nested(scratch, kMonthDayYear, depth);
+            Nested(text, kMonthDayYear, depth);
             break;
         case 'e':
-            RightBlanks(scratch, m_day);
+            RightBlanks(text, m_day);
             break;
         case 'E':
-            Number(scratch, m_names.FindEraYear(m_year), 4, '0', c);
+            Number(text, m_names.FindEraYear(m_year), 4, '0', c);
             break;
         case 'f':
-            Nested(scratch, m_year < 1000 ? kEraYearAndName : kEraYear, depth);
+            Nested(text, m_year < 1000 ? kEraYearAndName : kEraYear, depth);
             break;
         case 'H':
-            Number(scratch, m_hour, 2, '0', c);
+            Number(text, m_hour, 2, '0', c);
             break;
         case 'I':
-            Number(scratch, TwelveHour(), 2, '0', c);
+            Number(text, TwelveHour(), 2, '0', c);
             break;
         case 'j':
-            Number(scratch, static_cast<long>(m_value.YearDay()), 3, '0', c);
+            Number(text, static_cast<long>(m_value.YearDay()), 3, '0', c);
             break;
         case 'k':
-            RightBlanks(scratch, m_hour);
+            RightBlanks(text, m_hour);
             break;
         case 'l':
-            RightBlanks(scratch, TwelveHour());
+            RightBlanks(text, TwelveHour());
             break;
         case 'm':
-            Number(scratch, m_month, 2, '0', c);
+            Number(text, m_month, 2, '0', c);
             break;
         case 'M':
-            Number(scratch, m_minute, 2, '0', c);
+            Number(text, m_minute, 2, '0', c);
             break;
         case 'n':
-            scratch.push_back('\n');
+            text.push_back('\n');
             break;
         case 'p':
-            scratch.append(m_names.GetAmPm(m_hour < 12 ? 0 : 1));
+            text.append(m_names.GetAmPm(m_hour < 12 ? 0 : 1));
             break;
         case 'P':
-            scratch.append(m_names.FindEra(m_year, nullptr));
+            text.append(m_names.FindEra(m_year, nullptr));
             break;
         case 'q':
-            Number(scratch, m_millisecond, 3, '0', c);
+            Number(text, m_millisecond, 3, '0', c);
             break;
         case 'r':
-            Nested(scratch, kTwelveHourTime, depth);
+            Nested(text, kTwelveHourTime, depth);
             break;
         case 's':
-            scratch.append_formatted(static_cast<long>(m_year > 0 ? m_year : 1 - m_year), -1,
-                                     ucs2string_formatter::align_left, ' ');
+            text.append_formatted(static_cast<long>(m_year > 0 ? m_year : 1 - m_year), -1,
+                                  ucs2string_formatter::align_left, ' ');
             break;
         case 'S':
-            Number(scratch, m_second, 2, '0', c);
+            Number(text, m_second, 2, '0', c);
             break;
         case 't':
-            scratch.push_back('\t');
+            text.push_back('\t');
             break;
         case 'T':
-            Nested(scratch, kTime, depth);
+            Nested(text, kTime, depth);
             break;
         case 'U':
-            Number(scratch, static_cast<long>(m_value.YearWeek(6)), 2, '0', c);
+            Number(text, static_cast<long>(m_value.YearWeek(6)), 2, '0', c);
             break;
         case 'w':
-            Number(scratch, static_cast<long>(m_value.WeekDay(6)), 1, '0', c);
+            Number(text, static_cast<long>(m_value.WeekDay(6)), 1, '0', c);
             break;
         case 'W':
-            Number(scratch, static_cast<long>(m_value.YearWeek(0)), 2, '0', c);
+            Number(text, static_cast<long>(m_value.YearWeek(0)), 2, '0', c);
             break;
         case 'x':
-            Nested(scratch, m_names.GetDefaultDateFormat(), depth);
+            Nested(text, m_names.GetDefaultDateFormat(), depth);
             break;
         case 'X':
-            Nested(scratch, m_names.GetDefaultTimeFormat(), depth);
+            Nested(text, m_names.GetDefaultTimeFormat(), depth);
             break;
         case 'y':
-            Number(scratch, m_year % 100, 2, '0', c);
+            Number(text, m_year % 100, 2, '0', c);
             break;
         case 'Y':
             // There is no year 0 in the text: the year before 1 is -1.
-            ParsedNumber(scratch, m_year > 0 ? m_year : m_year - 1, c);
+            ParsedNumber(text, m_year > 0 ? m_year : m_year - 1, c);
             break;
         case 'Z':
             break;
         default:  // '%' and every unknown unit stand for themselves
-            scratch.push_back(c.letter);
+            text.push_back(c.letter);
             break;
     }
 }

@@ -13,6 +13,8 @@
 #ifndef KAI18N_STRINGS_UCS2STRING_FORMATTER_H
 #define KAI18N_STRINGS_UCS2STRING_FORMATTER_H
 
+#include <cstdint>
+
 #include "kai18n/strings/ucs2string.h"
 
 class lu_utf8string;
@@ -101,6 +103,40 @@ class ucs2string_formatter {
             m_data[++m_length] = 0;
         } else {
             append(ch, 1u);
+        }
+    }
+
+    /// A few units from outside this formatter, inline while they fit: the
+    /// length is read and written once, not once a unit as by push_back,
+    /// whose stores the compiler must assume may touch the length.
+    void append_units(const unsigned short* text, unsigned int count) {
+        const unsigned int length = m_length;
+        if (length + count + 1u <= m_capacity) {
+            unsigned short* const at = m_data + length;
+            for (unsigned int i = 0; i < count; ++i) at[i] = text[i];
+            at[count] = 0;
+            m_length = static_cast<unsigned short>(length + count);
+        } else {
+            append_helper(text, count);
+        }
+    }
+
+    /// Up to four units packed in `units`, the first in the low 16 bits;
+    /// inline while they fit. Number writers build their digits in a register
+    /// and store them without a round trip through memory.
+    void append_packed(std::uint64_t units, unsigned int count) {
+        const unsigned int length = m_length;
+        if (length + 5u <= m_capacity) {
+            unsigned short* const at = m_data + length;
+            at[0] = static_cast<unsigned short>(units);
+            at[1] = static_cast<unsigned short>(units >> 16);
+            at[2] = static_cast<unsigned short>(units >> 32);
+            at[3] = static_cast<unsigned short>(units >> 48);
+            at[count] = 0;
+            m_length = static_cast<unsigned short>(length + count);
+        } else {
+            for (unsigned int i = 0; i < count; ++i)
+                push_back(static_cast<unsigned short>(units >> (16 * i)));
         }
     }
 
