@@ -1,14 +1,16 @@
 // kai18n: the command-line tool. Lists the locales of the catalog, shows
 // the identity, numeric punctuation and date names of one locale, formats
-// numbers by a pattern and shows the canonical notation of a format text.
+// numbers by a pattern, shows the canonical notation of a format text and
+// prints dates.
 //
 //   kai18n locales [--language xx] [--country YY]
 //   kai18n locale NAME
 //   kai18n format-number [--locale NAME] [--dialect D] [--code XX] PATTERN VALUE...
 //   kai18n pattern [--locale NAME] [--dialect D] [--code XX] [--date] TEXT
+//   kai18n date [--locale NAME] FORMAT [YYYY-MM-DD[THH:MM[:SS[.mmm]]]...]
 //
 // Output is UTF-8. Exit codes: 0 success, 1 failure of the library (an
-// unknown locale), 2 bad usage.
+// unknown locale) or an invalid date, 2 bad usage.
 #include <cstdio>
 #include <cstring>
 #include <iostream>
@@ -17,6 +19,7 @@
 #include <string>
 #include <vector>
 
+#include "date_commands.h"
 #include "format_commands.h"
 #include "kai18n/facets/lu_ctime.h"
 #include "kai18n/facets/lu_numpunct.h"
@@ -46,12 +49,14 @@ const char kUsage[] =
     "      notation: T[#]T[gs]T[0]) or velora (whose language code XX, EN by\n"
     "      default, picks the letters); the colour of a result follows it\n"
     "  pattern [--locale NAME] [--dialect D] [--code XX] [--date] TEXT\n"
-    "      show the canonical notation of the number (or date) format TEXT\n"
+    "      show the canonical notation of the number (or date) format TEXT\n";
+
+const char kUsageEnd[] =
     "  --help\n"
     "      show this text\n";
 
 int Usage(std::ostream& out, int code) {
-    out << kUsage;
+    out << kUsage << kDateUsage << kUsageEnd;
     return code;
 }
 
@@ -238,6 +243,7 @@ int main(int argc, char** argv) {
         if (command == "locale") return ShowLocale(argc, argv);
         if (command == "format-number") return FormatNumberCommand(argc, argv);
         if (command == "pattern") return PatternCommand(argc, argv);
+        if (command == "date") return DateCommand(argc, argv);
     } catch (const LUException& e) {
         std::cout.flush();
         std::cerr << "kai18n: error " << ResultCode(e.GetResult()) << ": " << e.what() << '\n';
