@@ -1,7 +1,7 @@
 // A first look at kai18n: a text through UTF-8 and UTF-16 and back, a few
 // fields laid out by the string formatter, character classes and case through
-// a locale's facet, a real locale, a number format, and a failure reported by
-// code.
+// a locale's facet, a real locale, a date, a number format, and a failure
+// reported by code.
 #include <kai18n/kai18n.h>
 
 #include <iostream>
@@ -74,6 +74,13 @@ int main() {
     std::cout << "de_DE:       decimal point '" << static_cast<char>(punct.decimal_point())
               << "', March is " << ucs2string(lu_use_facet<lu_ctime>(german).GetNameOfMonth(3))
               << ", " << lu_use_facet<lu_locale_ident>(german).locale_name() << '\n';
+
+    // A date is one double counting days; it prints with the locale's names
+    // ("%#d": the day without padding).
+    ucs2string date;
+    lu_date_time(2004, 3, 5, 9, 7, 3, 250)
+        .Print(date, ucs2string(Utf8("%A, %#d. %B %Y, %H:%M")).c_str(), german);
+    std::cout << "de_DE date:  " << date << '\n';
 
     // A number format, written as a spreadsheet user writes it, compiled for
     // a locale and run for a few values.

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds the library in release mode, runs the demo,
-# and formats a few numbers in several locales with the command-line tool.
+# and formats a few numbers and dates in several locales with the command-line
+# tool.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/install-deps.sh
@@ -16,4 +17,9 @@ for locale in en_US de_DE fr_FR hi_IN ar_EG; do
     echo
     echo "kai18n format-number --locale $locale '#,##0.00;[Red]-#,##0.00' 1234567.891 -42.5 0.005"
     "$kai18n" format-number --locale "$locale" '#,##0.00;[Red]-#,##0.00' 1234567.891 -42.5 0.005
+done
+for locale in en_US de_DE fr_FR ja_JP.UTF-8 ar_EG; do
+    echo
+    echo "kai18n date --locale $locale '%A %#d %B %Y | %x %X' 2004-03-05T14:07:30 1582-10-04 1582-10-15"
+    "$kai18n" date --locale "$locale" '%A %#d %B %Y | %x %X' 2004-03-05T14:07:30 1582-10-04 1582-10-15
 done
