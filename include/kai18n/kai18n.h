@@ -48,6 +48,14 @@
 // Date-time value
 #include "kai18n/datetime/lu_date_time.h"
 
+// Calendar engine
+#include "kai18n/calendar/calendar.h"
+#include "kai18n/calendar/gregorian_calendar.h"
+#include "kai18n/calendar/simple_time_zone.h"
+#include "kai18n/calendar/time_zone.h"
+#include "kai18n/calendar/uerror.h"
+#include "kai18n/calendar/uprv.h"
+
 // Format library
 #include "kai18n/fmtlib/lu_fmt_dialects.h"
 #include "kai18n/fmtlib/lu_fmt_pattern.h"
