@@ -152,24 +152,16 @@ void Calendar::setTimeZone(const TimeZone& source) {
 
 // ---- reading
 
-std::int32_t Calendar::get(EDateFields field, UErrorCode& status) const {
-    // The rest of the read, kept out of line so that the usual answer below
-    // runs without the frame that a call needs.
-    auto completeAndRead = [](const Calendar* self, EDateFields which, UErrorCode& state)
-                               __attribute__((noinline))
-                                   ->std::int32_t {
-        if (U_FAILURE(state)) return 0;
-        if (!IsField(which)) {
-            state = UErrorIllegalArgument;
-            return 0;
-        }
-        // A const read completes the cached form: the fields are the
-        // calendar's cache of its instant, filled on demand, hence the cast.
-        const_cast<Calendar*>(self)->complete(state);
-        return U_SUCCESS(state) ? self->fields[which] : 0;
-    };
-    if (U_SUCCESS(status) && IsField(field) && timeIsValid && fieldsAreValid) return fields[field];
-    return completeAndRead(this, field, status);
+std::int32_t Calendar::completeAndGet(EDateFields field, UErrorCode& status) const {
+    if (U_FAILURE(status)) return 0;
+    if (!IsField(field)) {
+        status = UErrorIllegalArgument;
+        return 0;
+    }
+    // A const read completes the cached form: the fields are the calendar's
+    // cache of its instant, filled on demand, hence the cast.
+    const_cast<Calendar*>(this)->complete(status);
+    return U_SUCCESS(status) ? fields[field] : 0;
 }
 
 double Calendar::getTimeInMillis(UErrorCode& status) const {

@@ -90,7 +90,13 @@ class Calendar {
     const TimeZone& getTimeZone() const { return *zone; }
 
     // Reading. A failed status reads as 0; the status tells the failure.
-    std::int32_t get(EDateFields field, UErrorCode& status) const;
+    std::int32_t get(EDateFields field, UErrorCode& status) const {
+        // Inline while time and fields are both up to date: a read is then a load.
+        if (U_SUCCESS(status) && static_cast<unsigned int>(field) < kFieldCount && timeIsValid &&
+            fieldsAreValid)
+            return fields[field];
+        return completeAndGet(field, status);
+    }
     double getTimeInMillis(UErrorCode& status) const;
     double getTime(UErrorCode& status) const { return getTimeInMillis(status); }
     bool isSet(EDateFields field) const { return stamps[field] != kUnset; }
@@ -161,6 +167,8 @@ class Calendar {
     /// Marks every field computed: stamp 1 and set.
     void setAllFieldsComputed();
     void setWeekCountData();
+    /// get() when the status fails, the field is unknown or a conversion is due.
+    std::int32_t completeAndGet(EDateFields field, UErrorCode& status) const;
 
     bool timeIsValid;
     bool fieldsAreValid;
