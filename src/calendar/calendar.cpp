@@ -62,19 +62,7 @@ Calendar* Calendar::createInstance(const TimeZone& zone, UErrorCode& status) {
     return calendar;
 }
 
-Calendar::Calendar(TimeZone* adopted, UErrorCode& status)
-    : timeIsValid(false),
-      fieldsAreValid(false),
-      allFieldsAreValid(false),
-      fields(),
-      fieldIsSet(),
-      stamps(),
-      nextStamp(kMinimumUserStamp),
-      time(0.0),
-      lenient(true),
-      zone(adopted),
-      firstDayOfWeek(MONDAY),
-      minimalDaysInFirstWeek(4) {
+Calendar::Calendar(TimeZone* adopted, UErrorCode& status) : zone(adopted) {
     if (adopted == nullptr) {
         if (U_SUCCESS(status)) status = UErrorIllegalArgument;
         return;
@@ -83,19 +71,7 @@ Calendar::Calendar(TimeZone* adopted, UErrorCode& status)
     setWeekCountData();
 }
 
-Calendar::Calendar(const TimeZone& source, UErrorCode& status)
-    : timeIsValid(false),
-      fieldsAreValid(false),
-      allFieldsAreValid(false),
-      fields(),
-      fieldIsSet(),
-      stamps(),
-      nextStamp(kMinimumUserStamp),
-      time(0.0),
-      lenient(true),
-      zone(source.clone()),
-      firstDayOfWeek(MONDAY),
-      minimalDaysInFirstWeek(4) {
+Calendar::Calendar(const TimeZone& source, UErrorCode& status) : zone(source.clone()) {
     if (zone == nullptr) {
         // A zone that cannot copy itself leaves nothing to own.
         if (U_SUCCESS(status)) status = UErrorMemoryAllocation;
@@ -105,7 +81,7 @@ Calendar::Calendar(const TimeZone& source, UErrorCode& status)
     setWeekCountData();
 }
 
-Calendar::Calendar(const Calendar& source) : zone(nullptr) {
+Calendar::Calendar(const Calendar& source) {
     *this = source;
 }
 

@@ -50,15 +50,19 @@ inline double PositionInPeriod(double offset, double period) {
 
 }  // namespace
 
-void GregorianCalendar::add(EDateFields field, std::int32_t amount, UErrorCode& status) {
-    if (U_FAILURE(status) || amount == 0) return;
+bool GregorianCalendar::completeBeforeMove(EDateFields field, std::int32_t amount,
+                                           UErrorCode& status) {
+    if (U_FAILURE(status) || amount == 0) return false;
     if (!IsField(field)) {
         status = UErrorIllegalArgument;
-        return;
+        return false;
     }
     complete(status);
-    // Fields that could not be computed are no ground to move from.
-    if (U_FAILURE(status)) return;
+    return U_SUCCESS(status);
+}
+
+void GregorianCalendar::add(EDateFields field, std::int32_t amount, UErrorCode& status) {
+    if (!completeBeforeMove(field, amount, status)) return;
 
     switch (field) {
         case YEAR:
@@ -160,13 +164,7 @@ void GregorianCalendar::add(EDateFields field, std::int32_t amount, UErrorCode& 
 }
 
 void GregorianCalendar::roll(EDateFields field, std::int32_t amount, UErrorCode& status) {
-    if (U_FAILURE(status) || amount == 0) return;
-    if (!IsField(field)) {
-        status = UErrorIllegalArgument;
-        return;
-    }
-    complete(status);
-    if (U_FAILURE(status)) return;
+    if (!completeBeforeMove(field, amount, status)) return;
 
     std::int32_t min = getMinimum(field);
     std::int32_t max = getMaximum(field);

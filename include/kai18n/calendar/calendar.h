@@ -170,18 +170,18 @@ class Calendar {
     /// get() when the status fails, the field is unknown or a conversion is due.
     std::int32_t completeAndGet(EDateFields field, UErrorCode& status) const;
 
-    bool timeIsValid;
-    bool fieldsAreValid;
-    bool allFieldsAreValid;
-    std::int32_t fields[kFieldCount];
-    bool fieldIsSet[kFieldCount];
-    std::int32_t stamps[kFieldCount];
-    std::int32_t nextStamp;
-    double time;
-    bool lenient;
-    TimeZone* zone;
-    EDaysOfWeek firstDayOfWeek;
-    std::uint8_t minimalDaysInFirstWeek;
+    bool timeIsValid = false;
+    bool fieldsAreValid = false;
+    bool allFieldsAreValid = false;
+    std::int32_t fields[kFieldCount] = {};
+    bool fieldIsSet[kFieldCount] = {};
+    std::int32_t stamps[kFieldCount] = {};
+    std::int32_t nextStamp = kMinimumUserStamp;
+    double time = 0.0;
+    bool lenient = true;
+    TimeZone* zone = nullptr;
+    EDaysOfWeek firstDayOfWeek = MONDAY;
+    std::uint8_t minimalDaysInFirstWeek = 4;
 };
 
 #endif  // KAI18N_CALENDAR_CALENDAR_H

@@ -120,6 +120,11 @@ class GregorianCalendar : public Calendar {
     void timeToFields(double theTime, bool quick, UErrorCode& status);
 
   private:
+    /// The start of add and roll: false when the status fails, the amount is
+    /// 0 or the field is unknown (illegal argument), or the fields cannot be
+    /// computed, which leaves no ground to move from.
+    bool completeBeforeMove(EDateFields field, std::int32_t amount, UErrorCode& status);
+
     double gregorianCutover;
     double normalizedGregorianCutover;
     std::int32_t gregorianCutoverYear;
