@@ -30,4 +30,16 @@ class kaInitExitCounter {
     kaInitExitCounter& operator=(const kaInitExitCounter&) = delete;
 };
 
+// The start-up journal: every guard's init() notes its class name, so the
+// order in which the services came up can be read back (diagnostics, tests).
+// It keeps the first kaStartJournalSize notes; it is not locked, like the
+// counts, since guards run while the platform serialises load and unload.
+
+const int kaStartJournalSize = 32;
+void kaNoteServiceStart(const char* service);
+/// How many notes the journal holds.
+int kaStartedServiceCount();
+/// The note at `index`, from 0; null outside the journal.
+const char* kaStartedService(int index);
+
 #endif  // KAI18N_FRAME_INIT_EXIT_H
