@@ -7,6 +7,7 @@ packages=(
     build-essential cmake ninja-build pkgconf
     libicu-dev libgtest-dev libbenchmark-dev
     clang-14 libclang-rt-14-dev
+    tzdata  # the host-zone tests run with TZ set to real zones
 )
 
 missing=()

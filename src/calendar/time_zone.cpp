@@ -5,6 +5,7 @@
 
 #include "calendar/zone_lock.h"
 #include "kai18n/calendar/simple_time_zone.h"
+#include "kai18n/frame/init_exit.h"
 #include "platform/os_thread_toolkit.h"
 
 namespace {
@@ -97,9 +98,13 @@ void ICUTimeZoneInitExit::init() {
     } catch (...) {
         TimeZone::GMT = nullptr;
     }
+    kaNoteServiceStart("ICUTimeZoneInitExit");
 }
 
 void ICUTimeZoneInitExit::exit() {
+    // Nothing of the zone state outlives the guard; a later start reads the
+    // host's zone again.
+    delete TimeZone::fgDefaultZone.exchange(nullptr);
     delete TimeZone::GMT;
     TimeZone::GMT = nullptr;
     delete g_zoneLock;
