@@ -56,6 +56,16 @@
 #include "kai18n/calendar/uerror.h"
 #include "kai18n/calendar/uprv.h"
 
+// Time library
+#include "kai18n/timelib/lu_calendar.h"
+#include "kai18n/timelib/lu_calendar_time.h"
+#include "kai18n/timelib/lu_clock.h"
+#include "kai18n/timelib/lu_field.h"
+#include "kai18n/timelib/lu_physical_time.h"
+#include "kai18n/timelib/lu_time_zone.h"
+#include "kai18n/timelib/predefined_time_zones.h"
+#include "kai18n/timelib/timelib_init_exit.h"
+
 // Format library
 #include "kai18n/fmtlib/lu_fmt_dialects.h"
 #include "kai18n/fmtlib/lu_fmt_pattern.h"

@@ -10,6 +10,7 @@
 #include "fmtlib/dialect_tables.h"
 #include "fmtlib/token_table.h"
 #include "fmtlib/velora_date_definition.h"
+#include "kai18n/frame/init_exit.h"
 #include "platform/os_thread_toolkit.h"
 
 namespace FmtLib {
@@ -281,6 +282,7 @@ FmtLibInitExit::FmtLibInitExit() {
     RunQuietly(StartSerial);
     RunQuietly(StartVelora);
     RunQuietly(StartColours);
+    kaNoteServiceStart("FmtLibInitExit");
 }
 
 FmtLibInitExit::~FmtLibInitExit() {
