@@ -8,9 +8,11 @@
 //   kai18n format-number [--locale NAME] [--dialect D] [--code XX] PATTERN VALUE...
 //   kai18n pattern [--locale NAME] [--dialect D] [--code XX] [--date] TEXT
 //   kai18n date [--locale NAME] FORMAT [YYYY-MM-DD[THH:MM[:SS[.mmm]]]...]
+//   kai18n zones [--offset SECONDS]
+//   kai18n time [--zone ID] [SECONDS | YYYY-MM-DDTHH:MM:SSZ]
 //
 // Output is UTF-8. Exit codes: 0 success, 1 failure of the library (an
-// unknown locale) or an invalid date, 2 bad usage.
+// unknown locale or zone) or an invalid date or instant, 2 bad usage.
 #include <cstdio>
 #include <cstring>
 #include <iostream>
@@ -30,6 +32,7 @@
 #include "kai18n/locale/lu_locale_ident.h"
 #include "kai18n/platform/kalib.h"
 #include "kai18n/strings/ucs2string.h"
+#include "zone_commands.h"
 
 namespace {
 
@@ -56,7 +59,7 @@ const char kUsageEnd[] =
     "      show this text\n";
 
 int Usage(std::ostream& out, int code) {
-    out << kUsage << kDateUsage << kUsageEnd;
+    out << kUsage << kDateUsage << kZoneUsage << kUsageEnd;
     return code;
 }
 
@@ -244,6 +247,8 @@ int main(int argc, char** argv) {
         if (command == "format-number") return FormatNumberCommand(argc, argv);
         if (command == "pattern") return PatternCommand(argc, argv);
         if (command == "date") return DateCommand(argc, argv);
+        if (command == "zones") return ZonesCommand(argc, argv);
+        if (command == "time") return TimeCommand(argc, argv);
     } catch (const LUException& e) {
         std::cout.flush();
         std::cerr << "kai18n: error " << ResultCode(e.GetResult()) << ": " << e.what() << '\n';
