@@ -2,6 +2,7 @@
 // the names and default formats of a locale's lu_ctime, and the diagnostic
 // outlets Trace and operator<<.
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <ostream>
@@ -31,20 +32,126 @@ constexpr int kMaxNesting = 4;
 // keeps the parse free of overflow.
 constexpr int kMaxWidth = 65535;
 
+// For the functions that a Sink is handed to. A sink stays in registers only
+// while no function out of line gets its address, so these are inlined by
+// force, also into the large printing loop where the compiler would stop.
+#define KAI18N_HOT_INLINE inline __attribute__((always_inline))
+
+// The text a Print appends, written through pointers that the compiler keeps
+// in registers. The formatter's own appends load and store its 16-bit length
+// around every piece, as any unit they store might be that length; a sink
+// sets the length once, when it hands the text back. It asks for room exactly
+// as the formatter's appends would, so the text outgrows the formatter at the
+// same point, with the same exception, and ends with the same capacity.
+//
+// A sink is a local seen only by inlined code; what is done out of line is
+// done on the formatter itself, through Through.
+class Sink {
+  public:
+    explicit Sink(ucs2string_formatter& out) : m_out(out) { Take(); }
+
+    // Hands the text back to the formatter: its length and terminator.
+    KAI18N_HOT_INLINE void Commit() { m_out.set_length(static_cast<unsigned int>(m_at - m_begin)); }
+
+    KAI18N_HOT_INLINE bool HasRoom(unsigned int count) const { return Room() >= count; }
+    // Room for `count` units behind the text and the terminator after them.
+    KAI18N_HOT_INLINE void MakeRoom(unsigned int count) {
+        if (Room() < count) {
+            Reserve(m_out, static_cast<unsigned int>(m_at - m_begin), count);
+            Take();
+        }
+    }
+
+    // A unit for which MakeRoom or HasRoom made sure of room.
+    KAI18N_HOT_INLINE void PutUnchecked(unsigned short unit) { *m_at++ = unit; }
+    KAI18N_HOT_INLINE void Put(unsigned short unit) {
+        MakeRoom(1);
+        PutUnchecked(unit);
+    }
+
+    KAI18N_HOT_INLINE void PutUnits(const unsigned short* text, unsigned int count) {
+        MakeRoom(count);
+        for (unsigned int i = 0; i < count; ++i) m_at[i] = text[i];
+        m_at += count;
+    }
+    // A zero-terminated text; a null pointer is an empty one.
+    KAI18N_HOT_INLINE void PutText(const unsigned short* text) {
+        if (text == nullptr) return;
+        const unsigned short* end = text;
+        while (*end != 0) ++end;
+        PutUnits(text, static_cast<unsigned int>(end - text));
+    }
+    // The first `count` (1 to 4) of the units packed in `units`, the first in
+    // the low 16 bits. With room for all four they are stored at once; the
+    // ones past `count` lie beyond the text and are overwritten or ignored.
+    KAI18N_HOT_INLINE void PutPacked(std::uint64_t units, unsigned int count) {
+        if (Room() >= 4) {
+            m_at[0] = static_cast<unsigned short>(units);
+            m_at[1] = static_cast<unsigned short>(units >> 16);
+            m_at[2] = static_cast<unsigned short>(units >> 32);
+            m_at[3] = static_cast<unsigned short>(units >> 48);
+            m_at += count;
+        } else {
+            for (unsigned int i = 0; i < count; ++i)
+                Put(static_cast<unsigned short>(units >> (16 * i)));
+        }
+    }
+
+    // For the rare pieces that a formatter function writes: the text is handed
+    // back for `append` and taken again after it.
+    template <class Append>
+    KAI18N_HOT_INLINE void Through(Append append) {
+        Commit();
+        append(m_out);
+        Take();
+    }
+
+  private:
+    // Units free behind the text, the terminator's place not counted.
+    KAI18N_HOT_INLINE std::size_t Room() const { return static_cast<std::size_t>(m_end - m_at); }
+    // Out of line, and given no sink, as only a long text gets here. The
+    // length is set first, as reserve keeps only the text within it.
+    __attribute__((noinline)) static void Reserve(ucs2string_formatter& out, unsigned int length,
+                                                  unsigned int count) {
+        out.set_length(length);
+        out.reserve(length + count + 1u);
+    }
+    KAI18N_HOT_INLINE void Take() {
+        m_begin = m_out.storage();
+        m_at = m_begin + m_out.length();
+        m_end = m_begin + m_out.capacity() - 1;
+    }
+
+    ucs2string_formatter& m_out;
+    unsigned short* m_begin;
+    unsigned short* m_at;
+    unsigned short* m_end;
+};
+
 // append_formatted for a number, with a short road for what a date prints
 // most: up to four digits in a field of up to four units. The units are
 // chosen without branches on the value, as its digit count varies from date
 // to date; the text is the same.
-inline __attribute__((always_inline)) void AppendNumber(ucs2string_formatter& out, long value,
-                                                        int width, int align, unsigned short fill) {
+KAI18N_HOT_INLINE void PutNumber(Sink& out, long value, int width, int align, unsigned short fill) {
+    const auto formatted = [&](ucs2string_formatter& text) {
+        text.append_formatted(value, width, align, fill);
+    };
     if (value < 0 || value > 9999 || width > 4 || align == ucs2string_formatter::align_left) {
-        out.append_formatted(value, width, align, fill);
+        out.Through(formatted);
         return;
     }
     const unsigned int v = static_cast<unsigned int>(value);
+    if (width == 2 && align == ucs2string_formatter::align_right && v < 100) {
+        // The field of most conversions, where inlining knows the width and
+        // alignment: two units, and no four-digit work.
+        const std::uint64_t two = static_cast<std::uint64_t>(v >= 10 ? '0' + v / 10 : fill) |
+                                  static_cast<std::uint64_t>('0' + v % 10) << 16;
+        out.PutPacked(two, 2);
+        return;
+    }
     const int count = 1 + (v >= 10) + (v >= 100) + (v >= 1000);
     if (width >= 0 && count > width) {
-        out.append_formatted(value, width, align, fill);  // a field of '#', or nothing
+        out.Through(formatted);  // a field of '#', or nothing
         return;
     }
     const int total = align == ucs2string_formatter::align_right && width > count ? width : count;
@@ -55,7 +162,31 @@ inline __attribute__((always_inline)) void AppendNumber(ucs2string_formatter& ou
         static_cast<std::uint64_t>(v >= 100 ? '0' + v / 100 % 10 : fill) << 16 |
         static_cast<std::uint64_t>(v >= 10 ? '0' + v / 10 % 10 : fill) << 32 |
         static_cast<std::uint64_t>('0' + v % 10) << 48;
-    out.append_packed(four >> (16 * (4 - total)), static_cast<unsigned int>(total));
+    out.PutPacked(four >> (16 * (4 - total)), static_cast<unsigned int>(total));
+}
+
+// Whether the unit at `p` is copied as it stands: anything but the '%' of a
+// conversion. A '%' that ends the format is such a unit.
+constexpr bool IsLiteral(const unsigned short* p) {
+    return *p != 0 && (*p != '%' || p[1] == 0);
+}
+
+// Writes the run of literal units at `p` and returns its end. The runs
+// between conversions are mostly a single separator, so the units are stored
+// one at a time rather than measured first. Only when one does not fit is the
+// rest of the run measured: room is then asked for all of it, as the
+// formatter's append of the run would ask, for the same capacity and the
+// same exception.
+KAI18N_HOT_INLINE const unsigned short* PutLiteralRun(Sink& out, const unsigned short* p) {
+    do {
+        if (!out.HasRoom(1)) {
+            const unsigned short* end = p;
+            while (IsLiteral(end)) ++end;
+            out.MakeRoom(static_cast<unsigned int>(end - p));
+        }
+        out.PutUnchecked(*p++);
+    } while (IsLiteral(p));
+    return p;
 }
 
 // One conversion as parsed behind its '%'.
@@ -67,6 +198,17 @@ struct Conversion {
     int inner_align;      // 2, or 0 after the flag '#'
 };
 
+// A conversion with neither flags nor width.
+constexpr Conversion Plain(unsigned short letter) {
+    return Conversion{letter, -1, ucs2string_formatter::align_right, ' ',
+                      ucs2string_formatter::align_right};
+}
+
+// Whether a conversion that goes on with `unit` has flags or a width to parse.
+constexpr bool StartsFlagsOrWidth(unsigned short unit) {
+    return unit == '#' || unit == '-' || (unit >= '0' && unit <= '9');
+}
+
 class DatePrinter {
   public:
     DatePrinter(const lu_date_time& value, const lu_ctime& names) : m_value(value), m_names(names) {
@@ -77,24 +219,29 @@ class DatePrinter {
     void Print(ucs2string_formatter& out, const unsigned short* format, int depth) const;
 
   private:
+    // Parses the flags and width of the conversion at `p` (its '%') and
+    // prints it; returns where the format goes on.
+    const unsigned short* ParseAndConvert(ucs2string_formatter& out, const unsigned short* p,
+                                          int depth) const;
     // A conversion with a width: its text goes through a field.
     void ConvertField(ucs2string_formatter& out, const Conversion& c, int depth) const;
-    // Appends one conversion's text to `text`.
-    void Convert(ucs2string_formatter& text, const Conversion& c, int depth) const;
-    void Nested(ucs2string_formatter& text, const unsigned short* format, int depth) const {
-        if (depth < kMaxNesting) Print(text, format, depth + 1);
+    // Appends one conversion's text.
+    void Convert(Sink& text, const Conversion& c, int depth) const;
+    KAI18N_HOT_INLINE void Nested(Sink& text, const unsigned short* format, int depth) const {
+        if (depth < kMaxNesting)
+            text.Through([&](ucs2string_formatter& out) { Print(out, format, depth + 1); });
     }
     // A number with the conversion's own width and fill, aligned as the flag '#' says.
-    static void Number(ucs2string_formatter& text, long value, int width, unsigned short fill,
-                       const Conversion& c) {
-        AppendNumber(text, value, width, c.inner_align, fill);
+    KAI18N_HOT_INLINE static void Number(Sink& text, long value, int width, unsigned short fill,
+                                         const Conversion& c) {
+        PutNumber(text, value, width, c.inner_align, fill);
     }
     // A number that takes the parsed width, alignment and fill as its own.
-    static void ParsedNumber(ucs2string_formatter& text, long value, const Conversion& c) {
-        AppendNumber(text, value, c.width, c.inner_align == 0 ? 0 : c.field_align, c.fill);
+    KAI18N_HOT_INLINE static void ParsedNumber(Sink& text, long value, const Conversion& c) {
+        PutNumber(text, value, c.width, c.inner_align == 0 ? 0 : c.field_align, c.fill);
     }
-    static void RightBlanks(ucs2string_formatter& text, long value) {
-        AppendNumber(text, value, 2, ucs2string_formatter::align_right, ' ');
+    KAI18N_HOT_INLINE static void RightBlanks(Sink& text, long value) {
+        PutNumber(text, value, 2, ucs2string_formatter::align_right, ' ');
     }
     int TwelveHour() const { return m_hour % 12 == 0 ? 12 : m_hour % 12; }
 
@@ -103,77 +250,89 @@ class DatePrinter {
     int m_year, m_month, m_day, m_hour, m_minute, m_second, m_millisecond;
 };
 
-void DatePrinter::Print(ucs2string_formatter& out, const unsigned short* format, int depth) const {
+void DatePrinter::Print(ucs2string_formatter& text, const unsigned short* format, int depth) const {
     if (format == nullptr) return;
+    Sink out(text);
     const unsigned short* p = format;
     while (*p != 0) {
-        if (*p != '%' || p[1] == 0) {
-            const unsigned short* const run = p;
-            while (*++p != 0 && (*p != '%' || p[1] == 0)) {
-            }
-            out.append_units(run, static_cast<unsigned int>(p - run));
-            continue;
-        }
-        const unsigned short* const start = p++;
-        Conversion c{0, -1, ucs2string_formatter::align_right, ' ',
-                     ucs2string_formatter::align_right};
-        if (*p == '#' && p[1] != 0) {
-            c.inner_align = ucs2string_formatter::align_none;
-            ++p;
-        }
-        if (*p == '-') {
-            c.field_align = ucs2string_formatter::align_left;
-            ++p;
-        } else if (*p == '0') {
-            c.fill = '0';
-            ++p;
-        }
-        int width = 0;
-        for (; *p >= '0' && *p <= '9'; ++p) width = std::min(width * 10 + (*p - '0'), kMaxWidth);
-        if (width > 0) c.width = width;
-        if (*p == 0) {
-            // The format ends where the conversion was due: what was read of
-            // it is copied, as anything not understood is.
-            out.append(start, static_cast<unsigned int>(p - start));
-            break;
-        }
-        c.letter = *p++;
-        if (c.width < 0) {
-            // A field without a width is its text as it stands.
-            Convert(out, c, depth);
+        if (IsLiteral(p)) {
+            p = PutLiteralRun(out, p);
+        } else if (!StartsFlagsOrWidth(p[1])) {
+            // The common conversion: its own copy of Convert, with the
+            // defaults folded in.
+            Convert(out, Plain(p[1]), depth);
+            p += 2;
         } else {
-            ConvertField(out, c, depth);
+            out.Through(
+                [&](ucs2string_formatter& parsed) { p = ParseAndConvert(parsed, p, depth); });
         }
     }
+    out.Commit();
+}
+
+const unsigned short* DatePrinter::ParseAndConvert(ucs2string_formatter& out,
+                                                   const unsigned short* p, int depth) const {
+    const unsigned short* const start = p++;
+    Conversion c = Plain(0);
+    if (*p == '#' && p[1] != 0) {
+        c.inner_align = ucs2string_formatter::align_none;
+        ++p;
+    }
+    if (*p == '-') {
+        c.field_align = ucs2string_formatter::align_left;
+        ++p;
+    } else if (*p == '0') {
+        c.fill = '0';
+        ++p;
+    }
+    int width = 0;
+    for (; *p >= '0' && *p <= '9'; ++p) width = std::min(width * 10 + (*p - '0'), kMaxWidth);
+    if (width > 0) c.width = width;
+    if (*p == 0) {
+        // The format ends where the conversion was due: what was read of it
+        // is copied, as anything not understood is.
+        out.append(start, static_cast<unsigned int>(p - start));
+        return p;
+    }
+    c.letter = *p++;
+    if (c.width < 0) {
+        // A field without a width is its text as it stands.
+        Sink text(out);
+        Convert(text, c, depth);
+        text.Commit();
+    } else {
+        ConvertField(out, c, depth);
+    }
+    return p;
 }
 
 // Out of line, so that the scratch buffer is on the stack only for a field.
 __attribute__((noinline)) void DatePrinter::ConvertField(ucs2string_formatter& out,
                                                          const Conversion& c, int depth) const {
     ucs2string_formatter scratch;
-    Convert(scratch, c, depth);
+    Sink text(scratch);
+    Convert(text, c, depth);
+    text.Commit();
     out.append_formatted(scratch, c.width, c.field_align, c.fill);
 }
 
-inline __attribute__((always_inline)) void DatePrinter::Convert(ucs2string_formatter& text,
-                                                                const Conversion& c,
-                                                                int depth) const {
+KAI18N_HOT_INLINE void DatePrinter::Convert(Sink& text, const Conversion& c, int depth) const {
     switch (c.letter) {
         case 'a':
-            text.append(m_names.GetShortNameOfDay(static_cast<int>(m_value.WeekDay(0))));
+            text.PutText(m_names.GetShortNameOfDay(static_cast<int>(m_value.WeekDay(0))));
             break;
         case 'A':
-            text.append(m_names.GetNameOfDay(static_cast<int>(m_value.WeekDay(0))));
+            text.PutText(m_names.GetNameOfDay(static_cast<int>(m_value.WeekDay(0))));
             break;
         case 'b':
-            text.append(m_names.GetShortNameOfMonth(m_month));
+            text.PutText(m_names.GetShortNameOfMonth(m_month));
             break;
         case 'B':
-            text.append(m_names.GetNameOfMonth(m_month));
+            text.PutText(m_names.GetNameOfMonth(m_month));
             break;
         case 'c':
             Nested(text, m_names.GetDefaultDateFormat(), depth);
-            text.push_back(' ');
+            text.Put(' ');
             Nested(text, m_names.GetDefaultTimeFormat(), depth);
             break;
         case 'C':
@@ -216,13 +375,13 @@ inline __attribute__((always_inline)) void DatePrinter::Convert(ucs2string_forma
             Number(text, m_minute, 2, '0', c);
             break;
         case 'n':
-            text.push_back('\n');
+            text.Put('\n');
             break;
         case 'p':
-            text.append(m_names.GetAmPm(m_hour < 12 ? 0 : 1));
+            text.PutText(m_names.GetAmPm(m_hour < 12 ? 0 : 1));
             break;
         case 'P':
-            text.append(m_names.FindEra(m_year, nullptr));
+            text.PutText(m_names.FindEra(m_year, nullptr));
             break;
         case 'q':
             Number(text, m_millisecond, 3, '0', c);
@@ -230,15 +389,18 @@ inline __attribute__((always_inline)) void DatePrinter::Convert(ucs2string_forma
         case 'r':
             Nested(text, kTwelveHourTime, depth);
             break;
-        case 's':
-            text.append_formatted(static_cast<long>(m_year > 0 ? m_year : 1 - m_year), -1,
-                                  ucs2string_formatter::align_left, ' ');
+        case 's': {
+            const long year = m_year > 0 ? m_year : 1 - m_year;
+            text.Through([year](ucs2string_formatter& out) {
+                out.append_formatted(year, -1, ucs2string_formatter::align_left, ' ');
+            });
             break;
+        }
         case 'S':
             Number(text, m_second, 2, '0', c);
             break;
         case 't':
-            text.push_back('\t');
+            text.Put('\t');
             break;
         case 'T':
             Nested(text, kTime, depth);
@@ -268,7 +430,7 @@ inline __attribute__((always_inline)) void DatePrinter::Convert(ucs2string_forma
         case 'Z':
             break;
         default:  // '%' and every unknown unit stand for themselves
-            text.push_back(c.letter);
+            text.Put(c.letter);
             break;
     }
 }
@@ -277,7 +439,9 @@ inline __attribute__((always_inline)) void DatePrinter::Convert(ucs2string_forma
 
 void lu_date_time::Print(ucs2string_formatter& out, const unsigned short* format,
                          const lu_locale& locale) const {
-    if (IsNull()) return;
+    // IsNull without a call: no other double compares equal to the sentinel,
+    // a finite number that is not zero.
+    if (m_mjd == kNullValue) return;
     const DatePrinter printer(*this, lu_use_facet<lu_ctime>(locale));
     const unsigned int length = out.length();
     try {

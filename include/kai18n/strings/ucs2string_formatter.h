@@ -46,6 +46,16 @@ class ucs2string_formatter {
     bool empty() const { return m_length == 0; }
     /// Units available, terminator included.
     unsigned int capacity() const { return m_capacity; }
+    /// The storage of capacity() units, for a writer that stores units behind
+    /// the text itself and then sets the length with set_length(); reserve()
+    /// or an append may move it.
+    unsigned short* storage() { return m_data; }
+    /// Sets the length to `n`, below capacity(), and writes the terminator:
+    /// resize() without its check for room, for such a writer.
+    void set_length(unsigned int n) {
+        m_length = static_cast<unsigned short>(n);
+        m_data[n] = 0;
+    }
     /// No bounds check: the caller keeps `pos` below the length.
     unsigned short& operator[](unsigned int pos) { return m_data[pos]; }
     unsigned short operator[](unsigned int pos) const { return m_data[pos]; }
