@@ -67,6 +67,8 @@
 #include "kai18n/timelib/timelib_init_exit.h"
 
 // Format library
+#include "kai18n/fmtlib/lu_date_format.h"
+#include "kai18n/fmtlib/lu_excel_string_format.h"
 #include "kai18n/fmtlib/lu_fmt_dialects.h"
 #include "kai18n/fmtlib/lu_fmt_pattern.h"
 #include "kai18n/fmtlib/lu_fmt_tokens.h"
