@@ -8,6 +8,8 @@
 //   kai18n format-number [--locale NAME] [--dialect D] [--code XX] PATTERN VALUE...
 //   kai18n pattern [--locale NAME] [--dialect D] [--code XX] [--date] TEXT
 //   kai18n date [--locale NAME] FORMAT [YYYY-MM-DD[THH:MM[:SS[.mmm]]]...]
+//   kai18n format-date [--locale NAME] [--zone ID] [--dialect D] [--code XX] PATTERN [INSTANT...]
+//   kai18n excel [--date] [--locale NAME] [--dialect D] [--code XX] TEXT
 //   kai18n zones [--offset SECONDS]
 //   kai18n time [--zone ID] [SECONDS | YYYY-MM-DDTHH:MM:SSZ]
 //
@@ -22,6 +24,7 @@
 #include <vector>
 
 #include "date_commands.h"
+#include "date_format_commands.h"
 #include "format_commands.h"
 #include "kai18n/facets/lu_ctime.h"
 #include "kai18n/facets/lu_numpunct.h"
@@ -59,7 +62,7 @@ const char kUsageEnd[] =
     "      show this text\n";
 
 int Usage(std::ostream& out, int code) {
-    out << kUsage << kDateUsage << kZoneUsage << kUsageEnd;
+    out << kUsage << kDateUsage << kDateFormatUsage << kZoneUsage << kUsageEnd;
     return code;
 }
 
@@ -247,6 +250,8 @@ int main(int argc, char** argv) {
         if (command == "format-number") return FormatNumberCommand(argc, argv);
         if (command == "pattern") return PatternCommand(argc, argv);
         if (command == "date") return DateCommand(argc, argv);
+        if (command == "format-date") return FormatDateCommand(argc, argv);
+        if (command == "excel") return ExcelCommand(argc, argv);
         if (command == "zones") return ZonesCommand(argc, argv);
         if (command == "time") return TimeCommand(argc, argv);
     } catch (const LUException& e) {

@@ -70,14 +70,6 @@ bool ReadUtcText(const std::string& text, long long& seconds) {
            tm.tm_min == asked.tm_min && tm.tm_sec == asked.tm_sec;
 }
 
-// Seconds since 1970 (a whole number), or the UTC text.
-bool ReadInstant(const std::string& text, luPhysicalTime& when) {
-    long long seconds = 0;
-    if (!ReadInteger(text, seconds) && !ReadUtcText(text, seconds)) return false;
-    when = luPhysicalTime::Epoch + luDuration::Second * static_cast<double>(seconds);
-    return true;
-}
-
 void Show(const luCalendarTime& t, const luPhysicalTime& when) {
     const double seconds = (when - luPhysicalTime::Epoch) / luDuration::Second;
     char line[160];
@@ -96,6 +88,13 @@ void Show(const luCalendarTime& t, const luPhysicalTime& when) {
 }
 
 }  // namespace
+
+bool ReadInstant(const std::string& text, luPhysicalTime& when) {
+    long long seconds = 0;
+    if (!ReadInteger(text, seconds) && !ReadUtcText(text, seconds)) return false;
+    when = luPhysicalTime::Epoch + luDuration::Second * static_cast<double>(seconds);
+    return true;
+}
 
 int ZonesCommand(int argc, char** argv) {
     std::vector<std::string> args(argv + 2, argv + argc);
