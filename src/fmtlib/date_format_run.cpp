@@ -229,20 +229,23 @@ void luDateFormatImp::WriteName(const unsigned short* name, NameCase form) {
 }
 
 // The magnitude in the locale's digits, zero-padded on the left to `width`.
+// The digits are laid out from the right in a local buffer and appended in
+// one call: the scratch formatter's push_back would reload and store its
+// length for every digit. Widths are 1 to 4 and a magnitude has at most 10
+// digits, so 16 units always hold the text.
 void luDateFormatImp::WriteNumber(int value, int width) {
     std::uint32_t magnitude =
         value < 0 ? 0u - static_cast<std::uint32_t>(value) : static_cast<std::uint32_t>(value);
-    unsigned short reversed[10];
-    int count = 0;
+    const unsigned short* digits = m_values->Digits();
+    unsigned short text[16];
+    unsigned short* const end = text + 16;
+    unsigned short* at = end;
     do {
-        reversed[count++] = static_cast<unsigned short>(magnitude % 10);
+        *--at = digits[magnitude % 10];
         magnitude /= 10;
     } while (magnitude != 0);
-    const unsigned short* digits = m_values->Digits();
-    m_scratch.clear();
-    for (int pad = width - count; pad > 0; --pad) m_scratch.push_back(digits[0]);
-    while (count > 0) m_scratch.push_back(digits[reversed[--count]]);
-    m_result.append_units(m_scratch.data(), m_scratch.length());
+    while (end - at < width && at > text) *--at = digits[0];
+    m_result.append_units(at, static_cast<unsigned int>(end - at));
 }
 
 }  // namespace FmtLib
