@@ -1,14 +1,17 @@
-// The date formatter's state: the pattern of its value section, the error
-// section's text and colour, the result and scratch buffers, and the cache of
-// the Japanese era of the time being formatted.
+// The date formatter's state: the pattern of its value section, the program
+// compiled from it, the error section's text and colour, the result and
+// scratch buffers, and the cache of the Japanese era of the time being
+// formatted.
 #ifndef KAI18N_FMTLIB_DATE_FORMAT_IMP_H
 #define KAI18N_FMTLIB_DATE_FORMAT_IMP_H
 
 #include <cstdint>
 #include <memory>
+#include <vector>
 
 #include "kai18n/fmtlib/lu_date_format.h"
 #include "kai18n/strings/ucs2string_formatter.h"
+#include "kai18n/timelib/lu_field.h"
 
 namespace FmtLib {
 
@@ -19,6 +22,36 @@ struct luJapaneseEraCache {
     bool valid = false;  // false: the date lies before every era
     std::int32_t era = 0;
     std::int32_t yearInEra = 0;
+};
+
+/// One step of a compiled pattern. Format runs these instead of the tokens:
+/// asking each token what it is costs two virtual calls a token and a chain
+/// of tests a call, while a step already says what to write.
+struct luDateStep {
+    enum Kind : std::uint8_t {
+        Literal,  // `length` units at `text`: adjacent literals, error texts
+        Number,   // `field`, changed by `adjust`, in `width` digits at least
+        AmPm,     // the names below are written in the case form `adjust`
+        MonthName,
+        AbbMonthName,
+        DayName,
+        AbbDayName,
+        Era,
+        DateSeparator,
+        TimeSeparator,
+        Japanese,  // the Japanese-era token `token`
+    };
+    /// What a Number step does to its field before writing it.
+    enum Adjust : std::uint8_t { AsIs, PlusOne, Div10, Div100, Mod100, ZeroAs12, ZeroAs24 };
+
+    Kind kind = Literal;
+    std::uint8_t adjust = AsIs;
+    std::uint8_t width = 1;
+    std::uint8_t token = 0;
+    unsigned int length = 0;  // Literal: units
+    unsigned int offset = 0;  // Literal: its first unit in the literal pool
+    const unsigned short* text = nullptr;
+    const TimeLib::luField* field = nullptr;
 };
 
 class luDateFormatImp final : public luDateFormat {
@@ -51,24 +84,34 @@ class luDateFormatImp final : public luDateFormat {
     enum NameCase { Plain = 0, Upper = 1, Lower = 2, Cap = 3 };
 
     void TakeSections(const luFmtPattern& pattern);
-    void Render(const luToken& token, const TimeLib::luCalendarTime& time);
-    bool RenderName(int id, const TimeLib::luCalendarTime& time);
-    bool RenderNumber(int id, const TimeLib::luCalendarTime& time);
-    bool RenderHour(int id, const TimeLib::luCalendarTime& time);
-    bool RenderJapanese(int id, const TimeLib::luCalendarTime& time);
-    void RenderWord(int id, const TimeLib::luCalendarTime& time);
+    long Compile();
+    void CompileToken(const luToken& token);
+    void AddLiteral(const unsigned short* text, unsigned int length);
+    void AddStep(luDateStep::Kind kind, std::uint8_t adjust = 0);
+    void AddNumber(const TimeLib::luField& field, int width,
+                   luDateStep::Adjust adjust = luDateStep::AsIs);
+    bool CompileName(int id);
+    bool CompileNumber(int id);
+    bool CompileHour(int id);
+    bool CompileJapanese(int id);
+    void CompileWord(int id);
+
+    void Run(const luDateStep& step, const TimeLib::luCalendarTime& time);
+    void RunName(const luDateStep& step, const TimeLib::luCalendarTime& time);
+    void RunJapanese(int id, const TimeLib::luCalendarTime& time);
     const luJapaneseEraCache& JapaneseEra(const TimeLib::luCalendarTime& time);
     void WriteName(const unsigned short* name, NameCase form);
     void WriteNumber(int value, int width);
-    void Write(const unsigned short* text) {
-        if (text != nullptr) m_result.append(text);
-    }
+    void WriteNumberSlow(std::uint32_t magnitude, int width);
+    void Write(const unsigned short* text);
 
     ilu_ptr<luSettings> m_settings;
     const luSettingsImp* m_values;
     ucs2string_formatter m_result;
     ucs2string_formatter m_scratch;  // a name in case form, a padded number
     std::unique_ptr<luFmtPattern> m_pattern;
+    std::vector<luDateStep> m_program;       // compiled from m_pattern
+    std::vector<unsigned short> m_literals;  // the units of the Literal steps
     ucs2string m_errorText;
     int m_colour;
     int m_valueColour;

@@ -1,5 +1,6 @@
-// Formatting a calendar time: each token of the pattern reads its field and
-// writes it as a number in the locale's digits or as a word of the locale.
+// Formatting a calendar time: each step of the compiled pattern reads its
+// field and writes it as a number in the locale's digits or as a word of the
+// locale.
 #include <cstdint>
 
 #include "fmtlib/date_format_imp.h"
@@ -13,21 +14,29 @@ using TimeLib::luCalendarTime;
 namespace FmtLib {
 namespace {
 
-const unsigned short kFormatError[] = {u'#', u'F', u'O', u'R', u'M', u'A', u'T', 0};
-
-// The first token of each group of four name tokens, whose forms follow in
-// the order plain, upper, lower, cap.
-bool NameGroup(int id, int& base) {
-    static const int kBases[] = {TokAmPm, TokMonthName, TokAbbMonthName, TokDayName, TokAbbDayName};
-    for (int b : kBases)
-        if (id >= b && id < b + 4) return base = b, true;
-    return false;
-}
-
 // The facet's Monday-first index of a Day_of_week (1 for Sunday), or -1.
 int MondayFirstDay(int dayOfWeek) {
     if (dayOfWeek < 1 || dayOfWeek > 7) return -1;
     return (dayOfWeek + 5) % 7;
+}
+
+int Adjusted(int value, std::uint8_t adjust) {
+    switch (adjust) {
+        case luDateStep::PlusOne:
+            return value + 1;
+        case luDateStep::Div10:
+            return value / 10;
+        case luDateStep::Div100:
+            return value / 100;
+        case luDateStep::Mod100:
+            return value % 100;
+        case luDateStep::ZeroAs12:
+            return value == 0 ? 12 : value;
+        case luDateStep::ZeroAs24:
+            return value == 0 ? 24 : value;
+        default:
+            return value;
+    }
 }
 
 }  // namespace
@@ -42,156 +51,71 @@ bool luDateFormatImp::Format(const luCalendarTime& time) {
     m_japanese.computed = false;
     m_result.clear();
     m_colour = m_valueColour;
-    if (m_pattern == nullptr) return true;
-    for (const luToken* token : *m_pattern) Render(*token, time);
+    for (const luDateStep& step : m_program) Run(step, time);
     return true;
 }
 
-void luDateFormatImp::Render(const luToken& token, const luCalendarTime& time) {
-    if (token.IsLiteral()) {
-        m_result.append_units(token.LiteralText(), token.LiteralLength());
-        return;
-    }
-    const int id = token.TokenId();
-    if (id == TokError) return Write(kFormatError);
-    if (!IsDateToken(id)) return;  // number, default and colour tokens: nothing
-    if (RenderName(id, time) || RenderHour(id, time) || RenderNumber(id, time) ||
-        RenderJapanese(id, time))
-        return;
-    RenderWord(id, time);
-}
-
-bool luDateFormatImp::RenderName(int id, const luCalendarTime& time) {
-    int base = 0;
-    if (!NameGroup(id, base)) return false;
-    const lu_ctime& names = m_values->DateFacet();
-    const NameCase form = static_cast<NameCase>(id - base);
-    if (base == TokAmPm) {
-        const int index = time.get(TimeLib::Am_pm);
-        if (index == 0 || index == 1) WriteName(m_values->AmPmName(index), form);
-    } else if (base == TokMonthName || base == TokAbbMonthName) {
-        const int month = time.get(TimeLib::Month);
-        if (month < 0 || month > 12) return true;  // the facet holds 13 months
-        WriteName(base == TokMonthName ? names.GetNameOfMonth(month + 1)
-                                       : names.GetShortNameOfMonth(month + 1),
-                  form);
-    } else {
-        const int day = MondayFirstDay(time.get(TimeLib::Day_of_week));
-        if (day < 0) return true;
-        WriteName(base == TokDayName ? names.GetNameOfDay(day) : names.GetShortNameOfDay(day),
-                  form);
-    }
-    return true;
-}
-
-bool luDateFormatImp::RenderHour(int id, const luCalendarTime& time) {
-    switch (id) {
-        case TokHour00To23:
-        case TokHour0To23:
-            WriteNumber(time.get(TimeLib::Hour_of_day), id == TokHour00To23 ? 2 : 1);
-            return true;
-        case TokHour01To12:
-        case TokHour1To12: {
-            const int hour = time.get(TimeLib::Hour);
-            WriteNumber(hour == 0 ? 12 : hour, id == TokHour01To12 ? 2 : 1);
-            return true;
+// Each step reads its field once, in the order of the pattern's tokens.
+inline void luDateFormatImp::Run(const luDateStep& step, const luCalendarTime& time) {
+    switch (step.kind) {
+        case luDateStep::Literal:
+            return m_result.append_units(step.text, step.length);
+        case luDateStep::Number:
+            return WriteNumber(Adjusted(time.get(*step.field), step.adjust), step.width);
+        case luDateStep::Era: {
+            const int era = time.get(TimeLib::Era);
+            if (era == 0 || era == 1) Write(m_values->DateFacet().GetAdBc(era));
+            return;
         }
-        case TokHour01To24:
-        case TokHour1To24: {
-            const int hour = time.get(TimeLib::Hour_of_day);
-            WriteNumber(hour == 0 ? 24 : hour, id == TokHour01To24 ? 2 : 1);
-            return true;
-        }
-        case TokHour00To11:
-        case TokHour0To11:
-            WriteNumber(time.get(TimeLib::Hour), id == TokHour00To11 ? 2 : 1);
-            return true;
+        case luDateStep::DateSeparator:
+            return Write(m_values->DateFacet().GetDateSeparator());
+        case luDateStep::TimeSeparator:
+            return Write(m_values->DateFacet().GetTimeSeparator());
+        case luDateStep::Japanese:
+            return RunJapanese(step.token, time);
         default:
-            return false;
+            return RunName(step, time);
     }
 }
 
-// The number tokens other than hours: a field, perhaps reduced, and a width.
-bool luDateFormatImp::RenderNumber(int id, const luCalendarTime& time) {
-    using namespace TimeLib;
-    switch (id) {
-        case TokMonth01:
-        case TokMonth1:
-            return WriteNumber(time.get(Month) + 1, id == TokMonth01 ? 2 : 1), true;
-        case TokMinute00:
-        case TokMinute0:
-            return WriteNumber(time.get(Minute), id == TokMinute00 ? 2 : 1), true;
-        case TokSecond00:
-        case TokSecond0:
-            return WriteNumber(time.get(Second), id == TokSecond00 ? 2 : 1), true;
-        case TokMillisecond000:
-            return WriteNumber(time.get(Millisecond), 3), true;
-        case TokHundredthSecond00:
-            return WriteNumber(time.get(Millisecond) / 10, 2), true;
-        case TokTenthSecond0:
-            return WriteNumber(time.get(Millisecond) / 100, 1), true;
-        case TokYear0000:
-            return WriteNumber(time.get(Year), 4), true;
-        case TokYear00:
-            return WriteNumber(time.get(Year) % 100, 2), true;
-        case TokMonthDay00:
-        case TokMonthDay0:
-            return WriteNumber(time.get(Day_of_month), id == TokMonthDay00 ? 2 : 1), true;
-        case TokDayOfWeekInMonth:
-            return WriteNumber(time.get(Day_of_week_in_month), 1), true;
-        case TokDayOfYear000:
-        case TokDayOfYear00:
-        case TokDayOfYear0:
-            return WriteNumber(time.get(Day_of_year), TokDayOfYear0 - id + 1), true;
-        case TokWeekOfYear00:
-        case TokWeekOfYear0:
-            return WriteNumber(time.get(Week_of_year), id == TokWeekOfYear00 ? 2 : 1), true;
-        case TokWeekOfMonth:
-            return WriteNumber(time.get(Week_of_month), 1), true;
-        case TokYearOfWeekOfYear0000:
-            return WriteNumber(time.get(Year_woy), 4), true;
-        case TokYearOfWeekOfYear00:
-            return WriteNumber(time.get(Year_woy) % 100, 2), true;
-        default:
-            return false;
-    }
-}
-
-// Era words and separators; the time zone token and anything else write
-// nothing.
-void luDateFormatImp::RenderWord(int id, const luCalendarTime& time) {
+void luDateFormatImp::RunName(const luDateStep& step, const luCalendarTime& time) {
     const lu_ctime& names = m_values->DateFacet();
-    if (id == TokEra) {
-        const int era = time.get(TimeLib::Era);
-        if (era == 0 || era == 1) Write(names.GetAdBc(era));
-    } else if (id == TokDateSeparator) {
-        Write(names.GetDateSeparator());
-    } else if (id == TokTimeSeparator) {
-        Write(names.GetTimeSeparator());
+    const NameCase form = static_cast<NameCase>(step.adjust);
+    switch (step.kind) {
+        case luDateStep::AmPm: {
+            const int index = time.get(TimeLib::Am_pm);
+            if (index == 0 || index == 1) WriteName(m_values->AmPmName(index), form);
+            return;
+        }
+        case luDateStep::MonthName:
+        case luDateStep::AbbMonthName: {
+            const int month = time.get(TimeLib::Month);
+            if (month < 0 || month > 12) return;  // the facet holds 13 months
+            WriteName(step.kind == luDateStep::MonthName ? names.GetNameOfMonth(month + 1)
+                                                         : names.GetShortNameOfMonth(month + 1),
+                      form);
+            return;
+        }
+        default: {
+            const int day = MondayFirstDay(time.get(TimeLib::Day_of_week));
+            if (day < 0) return;
+            WriteName(step.kind == luDateStep::DayName ? names.GetNameOfDay(day)
+                                                       : names.GetShortNameOfDay(day),
+                      form);
+            return;
+        }
     }
 }
 
-bool luDateFormatImp::RenderJapanese(int id, const luCalendarTime& time) {
-    switch (id) {
-        case TokJapaneseImpYear0:
-        case TokJapaneseImpYear:
-        case TokJapaneseImpYearEng:
-        case TokJapaneseImperialPeriod:
-        case TokJapaneseImperialYear0:
-        case TokJapaneseImperialYear00:
-            break;
-        default:
-            return false;
-    }
+void luDateFormatImp::RunJapanese(int id, const luCalendarTime& time) {
     const luJapaneseEraCache& cache = JapaneseEra(time);
-    if (!cache.valid) return true;
+    if (!cache.valid) return;
     const luJapaneseEra& era = FmtLib::JapaneseEra(cache.era);
     if (id == TokJapaneseImpYear0 || id == TokJapaneseImperialPeriod) Write(era.name);
     if (id == TokJapaneseImpYear0) m_result.push_back(u' ');
     if (id == TokJapaneseImpYearEng) m_result.push_back(era.letter);
     if (id != TokJapaneseImperialPeriod)
         WriteNumber(cache.yearInEra, id == TokJapaneseImperialYear00 ? 2 : 1);
-    return true;
 }
 
 // Found once per Format call, at the first Japanese token.
@@ -228,14 +152,47 @@ void luDateFormatImp::WriteName(const unsigned short* name, NameCase form) {
     m_result.append_units(m_scratch.data(), length);
 }
 
-// The magnitude in the locale's digits, zero-padded on the left to `width`.
-// The digits are laid out from the right in a local buffer and appended in
-// one call: the scratch formatter's push_back would reload and store its
-// length for every digit. Widths are 1 to 4 and a magnitude has at most 10
-// digits, so 16 units always hold the text.
-void luDateFormatImp::WriteNumber(int value, int width) {
-    std::uint32_t magnitude =
+// A zero-terminated word, copied unit by unit into the result's storage
+// while it fits; the rest, if any, by the formatter's own append, which
+// grows it.
+void luDateFormatImp::Write(const unsigned short* text) {
+    if (text == nullptr) return;
+    const unsigned int last = m_result.capacity() - 1;  // the terminator's place
+    unsigned short* const out = m_result.storage();
+    unsigned int length = m_result.length();
+    while (*text != 0 && length < last) out[length++] = *text++;
+    m_result.set_length(length);
+    if (*text != 0) m_result.append(text);
+}
+
+// The magnitude in the locale's digits, zero-padded on the left to `width`
+// (1 to 4), written straight into the result's storage. A magnitude below
+// 10,000, as nearly every field is, gets its four digits split out
+// independently of each other rather than by a chain of divisions; the last
+// `count` of them are kept. 12 units of room hold the terminator and any
+// magnitude (at most 10 digits).
+inline void luDateFormatImp::WriteNumber(int value, int width) {
+    const std::uint32_t magnitude =
         value < 0 ? 0u - static_cast<std::uint32_t>(value) : static_cast<std::uint32_t>(value);
+    const unsigned int length = m_result.length();
+    if (magnitude >= 10000 || width > 4 || length + 12u > m_result.capacity())
+        return WriteNumberSlow(magnitude, width);
+    const unsigned short* digits = m_values->Digits();
+    const std::uint32_t high = magnitude / 100;
+    const std::uint32_t low = magnitude % 100;
+    const unsigned short four[4] = {digits[high / 10], digits[high % 10], digits[low / 10],
+                                    digits[low % 10]};
+    unsigned int count = 1u + (magnitude >= 10) + (magnitude >= 100) + (magnitude >= 1000);
+    if (count < static_cast<unsigned int>(width)) count = static_cast<unsigned int>(width);
+    unsigned short* const out = m_result.storage() + length;
+    for (unsigned int i = 0; i < count; ++i) out[i] = four[4 - count + i];
+    m_result.set_length(length + count);
+}
+
+// Large magnitudes and the end of the storage: the digits are laid out from
+// the right in a local buffer and appended in one call, which grows the
+// storage when needed.
+void luDateFormatImp::WriteNumberSlow(std::uint32_t magnitude, int width) {
     const unsigned short* digits = m_values->Digits();
     unsigned short text[16];
     unsigned short* const end = text + 16;
