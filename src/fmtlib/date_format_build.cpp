@@ -114,6 +114,7 @@ long luDateFormatImp::BuildFrom(const luToken* token) {
 // the pattern. Literal steps point into m_literals, which is filled first and
 // not touched again, so the pointers are set once it is complete.
 long luDateFormatImp::Compile() {
+    m_bounded = false;
     m_program.clear();
     m_literals.clear();
     if (m_pattern == nullptr) return LU_S_SUCCESS;
@@ -127,7 +128,26 @@ long luDateFormatImp::Compile() {
     }
     for (luDateStep& step : m_program)
         if (step.kind == luDateStep::Literal) step.text = m_literals.data() + step.offset;
+    MeasureBounded();
     return LU_S_SUCCESS;
+}
+
+// A number of at most four padded digits takes at most ten units (the most
+// digits a 32-bit magnitude has); a word has no bound known here.
+void luDateFormatImp::MeasureBounded() {
+    constexpr std::uint64_t kLimit = 65535;
+    std::uint64_t length = 0;
+    for (const luDateStep& step : m_program) {
+        if (step.kind == luDateStep::Literal)
+            length += step.length;
+        else if (step.kind == luDateStep::Number && step.width <= 4)
+            length += 10;
+        else
+            return;
+    }
+    if (length > kLimit) return;
+    m_bounded = true;
+    m_boundedLength = static_cast<unsigned int>(length);
 }
 
 // Number, default-format and colour tokens, separators and unknown date
@@ -169,7 +189,7 @@ void luDateFormatImp::AddNumber(const TimeLib::luField& field, int width,
     step.kind = luDateStep::Number;
     step.adjust = adjust;
     step.width = static_cast<std::uint8_t>(width);
-    step.field = &field;
+    step.field = field;
     m_program.push_back(step);
 }
 

@@ -51,7 +51,9 @@ struct luDateStep {
     unsigned int length = 0;  // Literal: units
     unsigned int offset = 0;  // Literal: its first unit in the literal pool
     const unsigned short* text = nullptr;
-    const TimeLib::luField* field = nullptr;
+    // Number: a copy, not a pointer to the named constant, which would cost
+    // Format one more load a step.
+    TimeLib::luField field = TimeLib::Era;
 };
 
 class luDateFormatImp final : public luDateFormat {
@@ -96,7 +98,11 @@ class luDateFormatImp final : public luDateFormat {
     bool CompileJapanese(int id);
     void CompileWord(int id);
 
+    void MeasureBounded();
     void Run(const luDateStep& step, const TimeLib::luCalendarTime& time);
+    void RunBounded(const TimeLib::luCalendarTime& time);
+    unsigned int PutNumber(unsigned short* out, int value, unsigned int width) const;
+    unsigned int PutLarge(unsigned short* out, std::uint32_t magnitude) const;
     void RunName(const luDateStep& step, const TimeLib::luCalendarTime& time);
     void RunJapanese(int id, const TimeLib::luCalendarTime& time);
     const luJapaneseEraCache& JapaneseEra(const TimeLib::luCalendarTime& time);
@@ -112,6 +118,10 @@ class luDateFormatImp final : public luDateFormat {
     std::unique_ptr<luFmtPattern> m_pattern;
     std::vector<luDateStep> m_program;       // compiled from m_pattern
     std::vector<unsigned short> m_literals;  // the units of the Literal steps
+    // A program of literals and numbers of at most four padded digits writes
+    // at most m_boundedLength units: Format then checks for room once.
+    bool m_bounded = false;
+    unsigned int m_boundedLength = 0;
     ucs2string m_errorText;
     int m_colour;
     int m_valueColour;

@@ -2,6 +2,7 @@
 // field and writes it as a number in the locale's digits or as a word of the
 // locale.
 #include <cstdint>
+#include <cstring>
 
 #include "fmtlib/date_format_imp.h"
 #include "fmtlib/japanese_eras.h"
@@ -51,8 +52,75 @@ bool luDateFormatImp::Format(const luCalendarTime& time) {
     m_japanese.computed = false;
     m_result.clear();
     m_colour = m_valueColour;
+    if (m_bounded && m_boundedLength < m_result.capacity()) {
+        RunBounded(time);
+        return true;
+    }
     for (const luDateStep& step : m_program) Run(step, time);
     return true;
+}
+
+// The room for the longest text was checked, so units are stored without
+// further checks and the length is set once. A field that cannot be read
+// leaves the text written before it, as the checked path does.
+void luDateFormatImp::RunBounded(const luCalendarTime& time) {
+    unsigned short* const out = m_result.storage();
+    unsigned int length = 0;
+    try {
+        for (const luDateStep& step : m_program) {
+            if (step.kind == luDateStep::Literal) {
+                std::memcpy(out + length, step.text, step.length * sizeof(unsigned short));
+                length += step.length;
+            } else {
+                length += PutNumber(out + length, Adjusted(time.get(step.field), step.adjust),
+                                    step.width);
+            }
+        }
+    } catch (...) {
+        m_result.set_length(length);
+        throw;
+    }
+    m_result.set_length(length);
+}
+
+// Stores the magnitude of `value`, padded to `width` (at most 4), at `out`
+// without checking for room: the caller leaves ten units. The four digits of
+// a magnitude below 10,000 are packed into one word, shifted so that the last
+// `count` come first, and stored whole; the units past `count` lie in the
+// room left for the number and are overwritten or ignored. The number of
+// units written.
+inline unsigned int luDateFormatImp::PutNumber(unsigned short* out, int value,
+                                               unsigned int width) const {
+    const std::uint32_t magnitude =
+        value < 0 ? 0u - static_cast<std::uint32_t>(value) : static_cast<std::uint32_t>(value);
+    if (magnitude >= 10000) return PutLarge(out, magnitude);
+    const unsigned short* digits = m_values->Digits();
+    const std::uint32_t high = magnitude / 100;
+    const std::uint32_t low = magnitude % 100;
+    const std::uint64_t packed =
+        std::uint64_t{digits[high / 10]} | std::uint64_t{digits[high % 10]} << 16 |
+        std::uint64_t{digits[low / 10]} << 32 | std::uint64_t{digits[low % 10]} << 48;
+    unsigned int count = 1u + (magnitude >= 10) + (magnitude >= 100) + (magnitude >= 1000);
+    if (count < width) count = width;
+    const std::uint64_t kept = packed >> (16 * (4 - count));
+    out[0] = static_cast<unsigned short>(kept);
+    out[1] = static_cast<unsigned short>(kept >> 16);
+    out[2] = static_cast<unsigned short>(kept >> 32);
+    out[3] = static_cast<unsigned short>(kept >> 48);
+    return count;
+}
+
+// Five digits or more: wider than any padding, so only the digits.
+unsigned int luDateFormatImp::PutLarge(unsigned short* out, std::uint32_t magnitude) const {
+    const unsigned short* digits = m_values->Digits();
+    unsigned short text[10];
+    unsigned int at = 10;
+    do {
+        text[--at] = digits[magnitude % 10];
+        magnitude /= 10;
+    } while (magnitude != 0);
+    std::memcpy(out, text + at, (10 - at) * sizeof(unsigned short));
+    return 10 - at;
 }
 
 // Each step reads its field once, in the order of the pattern's tokens.
@@ -61,7 +129,7 @@ inline void luDateFormatImp::Run(const luDateStep& step, const luCalendarTime& t
         case luDateStep::Literal:
             return m_result.append_units(step.text, step.length);
         case luDateStep::Number:
-            return WriteNumber(Adjusted(time.get(*step.field), step.adjust), step.width);
+            return WriteNumber(Adjusted(time.get(step.field), step.adjust), step.width);
         case luDateStep::Era: {
             const int era = time.get(TimeLib::Era);
             if (era == 0 || era == 1) Write(m_values->DateFacet().GetAdBc(era));
@@ -152,40 +220,34 @@ void luDateFormatImp::WriteName(const unsigned short* name, NameCase form) {
     m_result.append_units(m_scratch.data(), length);
 }
 
-// A zero-terminated word, copied unit by unit into the result's storage
-// while it fits; the rest, if any, by the formatter's own append, which
-// grows it.
+// A zero-terminated word: measured, then copied in one go when it fits;
+// otherwise unit by unit while it fits and the rest by the formatter's own
+// append, which grows the storage (or throws with the units so far kept).
 void luDateFormatImp::Write(const unsigned short* text) {
     if (text == nullptr) return;
+    unsigned int count = 0;
+    while (text[count] != 0) ++count;
     const unsigned int last = m_result.capacity() - 1;  // the terminator's place
-    unsigned short* const out = m_result.storage();
     unsigned int length = m_result.length();
+    if (length + count <= last) return m_result.append_units(text, count);
+    unsigned short* const out = m_result.storage();
     while (*text != 0 && length < last) out[length++] = *text++;
     m_result.set_length(length);
     if (*text != 0) m_result.append(text);
 }
 
 // The magnitude in the locale's digits, zero-padded on the left to `width`
-// (1 to 4), written straight into the result's storage. A magnitude below
-// 10,000, as nearly every field is, gets its four digits split out
-// independently of each other rather than by a chain of divisions; the last
-// `count` of them are kept. 12 units of room hold the terminator and any
-// magnitude (at most 10 digits).
+// (1 to 4), written straight into the result's storage by PutNumber. 12
+// units of room hold the terminator and any magnitude (at most 10 digits).
 inline void luDateFormatImp::WriteNumber(int value, int width) {
-    const std::uint32_t magnitude =
-        value < 0 ? 0u - static_cast<std::uint32_t>(value) : static_cast<std::uint32_t>(value);
     const unsigned int length = m_result.length();
-    if (magnitude >= 10000 || width > 4 || length + 12u > m_result.capacity())
+    if (width > 4 || length + 12u > m_result.capacity()) {
+        const std::uint32_t magnitude =
+            value < 0 ? 0u - static_cast<std::uint32_t>(value) : static_cast<std::uint32_t>(value);
         return WriteNumberSlow(magnitude, width);
-    const unsigned short* digits = m_values->Digits();
-    const std::uint32_t high = magnitude / 100;
-    const std::uint32_t low = magnitude % 100;
-    const unsigned short four[4] = {digits[high / 10], digits[high % 10], digits[low / 10],
-                                    digits[low % 10]};
-    unsigned int count = 1u + (magnitude >= 10) + (magnitude >= 100) + (magnitude >= 1000);
-    if (count < static_cast<unsigned int>(width)) count = static_cast<unsigned int>(width);
-    unsigned short* const out = m_result.storage() + length;
-    for (unsigned int i = 0; i < count; ++i) out[i] = four[4 - count + i];
+    }
+    const unsigned int count =
+        PutNumber(m_result.storage() + length, value, static_cast<unsigned int>(width));
     m_result.set_length(length + count);
 }
 

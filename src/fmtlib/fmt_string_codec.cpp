@@ -18,6 +18,19 @@ void AppendText(std::vector<unsigned short>& out, const ucs2string& text) {
     out.insert(out.end(), text.data(), text.data() + text.length());
 }
 
+// Room for `n` units: on the stack for a short name, else on the heap.
+struct LowerBuffer {
+    explicit LowerBuffer(unsigned int n) : units(local) {
+        if (n > sizeof(local) / sizeof(local[0])) {
+            large.reset(new unsigned short[n]);
+            units = large.get();
+        }
+    }
+    unsigned short local[64];
+    std::unique_ptr<unsigned short[]> large;
+    unsigned short* units;
+};
+
 }  // namespace
 
 luFmtStringCodec::luFmtStringCodec(const luTokensDefinition* definition,
@@ -34,50 +47,43 @@ luFmtStringCodec::luFmtStringCodec(const luTokensDefinition* definition,
       m_sections(switches.sections),
       m_locale(new lu_locale()),
       m_collation(&lu_use_facet<lu_collate>(*m_locale)),
-      m_characterClasses(&lu_use_facet<lu_ctype>(*m_locale)) {
-    if (m_hasColours) {
-        m_lowerColourNames.reserve(m_colours->size());
-        for (const tokenDef& entry : *m_colours) {
-            ucs2string lower = entry.text;
-            for (unsigned int k = 0; k < lower.length(); ++k)
-                lower.put_at(k, m_characterClasses->tolower(lower.get_at(k)));
-            m_lowerColourNames.push_back(lower);
-        }
-    }
-}
+      m_characterClasses(&lu_use_facet<lu_ctype>(*m_locale)) {}
 
 luFmtStringCodec::~luFmtStringCodec() = default;
 
 // Colour names are compared without case: both sides lower-cased unit by
-// unit, then compared by the collation of the codec's locale.
+// unit, then compared by the collation of the codec's locale. The entries are
+// lowered here, when a bracket is met, rather than when the codec is made:
+// most texts have no colour, and lowering every name cost each new codec
+// more than its parse.
 unsigned int luFmtStringCodec::MatchColour(const unsigned short* text, unsigned int length,
                                            unsigned int i, luFmtTokens* token) const {
     const unsigned short* close = std::find(text + i + 1, text + length, kCloseBracket);
     if (close == text + length) return 0;
     const unsigned int n = static_cast<unsigned int>(close - (text + i + 1));
     if (n == 0) return 0;
-    unsigned short lowered[64];
-    std::unique_ptr<unsigned short[]> large;
-    unsigned short* name = lowered;
-    if (n > sizeof(lowered) / sizeof(lowered[0])) {
-        large.reset(new unsigned short[n]);
-        name = large.get();
-    }
+    LowerBuffer name(n);
+    LowerBuffer entry(n);
     bool lowerDone = false;
     for (unsigned int k = 0; k < m_colours->size(); ++k) {
-        const ucs2string& entry = m_lowerColourNames[k];
-        if (entry.length() != n) continue;
+        const ucs2string& entryText = (*m_colours)[k].text;
+        if (entryText.length() != n) continue;
         if (!lowerDone) {
-            for (unsigned int u = 0; u < n; ++u)
-                name[u] = m_characterClasses->tolower(text[i + 1 + u]);
+            Lower(text + i + 1, n, name.units);
             lowerDone = true;
         }
-        if (m_collation->compare(name, name + n, entry.data(), entry.data() + n) == 0) {
+        Lower(entryText.data(), n, entry.units);
+        if (m_collation->compare(name.units, name.units + n, entry.units, entry.units + n) == 0) {
             *token = (*m_colours)[k].token;
             return n + 2;
         }
     }
     return 0;
+}
+
+void luFmtStringCodec::Lower(const unsigned short* units, unsigned int n,
+                             unsigned short* out) const {
+    for (unsigned int u = 0; u < n; ++u) out[u] = m_characterClasses->tolower(units[u]);
 }
 
 // The entries are sorted by code unit, so the walk starts at the first entry

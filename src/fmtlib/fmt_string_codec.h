@@ -51,6 +51,8 @@ class luFmtStringCodec {
     // token through `token`; 0 if the bracket holds no colour name.
     unsigned int MatchColour(const unsigned short* text, unsigned int length, unsigned int i,
                              luFmtTokens* token) const;
+    // Writes the `n` units lower-cased by the character classes to `out`.
+    void Lower(const unsigned short* units, unsigned int n, unsigned short* out) const;
     // The entry of the longest text of the definition that starts at `i`, or null.
     const tokenDef* LongestMatch(const unsigned short* text, unsigned int length,
                                  unsigned int i) const;
@@ -69,9 +71,6 @@ class luFmtStringCodec {
     std::unique_ptr<lu_locale> m_locale;  // the locale of the two facets
     const lu_collate* m_collation;
     const lu_ctype* m_characterClasses;
-    // The colour entries' texts, lower-cased once by the character classes;
-    // the same order as the colour definition's entries.
-    std::vector<ucs2string> m_lowerColourNames;
 };
 
 /// Tells months from minutes in a parsed Velora date pattern: a month token
