@@ -48,8 +48,8 @@ luPhysicalTime At(std::int64_t ms) {
 }
 
 const luAvailableTimeZone& Paris() {
-    static const unsigned short id[] = {'E', 'u', 'r', 'o', 'p', 'e', '/', 'P',
-                                        'a', 'r', 'i', 's', 0};
+    static const unsigned short id[] = {'E', 'u', 'r', 'o', 'p', 'e', '/',
+                                        'P', 'a', 'r', 'i', 's', 0};
     return PredefinedTimeZones::timeBelt().availableTimeZone(ucs2string(id));
 }
 

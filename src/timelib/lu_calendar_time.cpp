@@ -151,10 +151,9 @@ luCalendarTime& luCalendarTime::CheckedWrite(const char* detail, Write write) {
 
 luCalendarTime& luCalendarTime::reset(const luPhysicalTime& when) {
     const double millis = ToEngineMillis(when);
-    return CheckedWrite("assign (physicalTime)",
-                        [millis](Impl& calendar, UErrorCode& status) {
-                            calendar.setTimeInMillis(millis, status);
-                        });
+    return CheckedWrite("assign (physicalTime)", [millis](Impl& calendar, UErrorCode& status) {
+        calendar.setTimeInMillis(millis, status);
+    });
 }
 
 luCalendarTime& luCalendarTime::reset(const luFields& fields) {
@@ -196,8 +195,7 @@ luCalendarTime& luCalendarTime::roll(const luField& field, int amount) {
 }
 
 // The count reaches the caller only with a move that was kept.
-luCalendarTime& luCalendarTime::diff(const luPhysicalTime& when, const luField& field,
-                                     int& count) {
+luCalendarTime& luCalendarTime::diff(const luPhysicalTime& when, const luField& field, int& count) {
     const double target = ToEngineMillis(when);
     int steps = 0;
     CheckedWrite("diff (luField)", [&](Impl& calendar, UErrorCode& status) {

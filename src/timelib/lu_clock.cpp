@@ -18,7 +18,8 @@ class LocalHostClock : public luClock {
         const auto sinceEpoch = std::chrono::system_clock::now().time_since_epoch();
         const auto millis =
             std::chrono::duration_cast<std::chrono::milliseconds>(sinceEpoch).count() % 1000;
-        return m_origin + luDuration::Millisecond * (seconds * 1000.0 + static_cast<double>(millis));
+        return m_origin +
+               luDuration::Millisecond * (seconds * 1000.0 + static_cast<double>(millis));
     }
 
   private:

@@ -205,10 +205,13 @@ TEST(StartUpTest, ServicesCameUpInOrder) {
         if (std::find(firstStarts.begin(), firstStarts.end(), name) == firstStarts.end())
             firstStarts.push_back(name);
     }
-    const std::vector<std::string> expected = {
-        "PhysicalTimeInitExit",   "ICUTimeZoneInitExit",    "CalendarTimeInitExit",
-        "ClockInitExit",          "FmtLibInitExit",         "VeloraCalendarInitExit",
-        "PredefinedTimeZonesInitExit"};
+    const std::vector<std::string> expected = {"PhysicalTimeInitExit",
+                                               "ICUTimeZoneInitExit",
+                                               "CalendarTimeInitExit",
+                                               "ClockInitExit",
+                                               "FmtLibInitExit",
+                                               "VeloraCalendarInitExit",
+                                               "PredefinedTimeZonesInitExit"};
     EXPECT_EQ(firstStarts, expected);
     EXPECT_EQ(kaStartedService(-1), nullptr);
     EXPECT_EQ(kaStartedService(kaStartedServiceCount()), nullptr);

@@ -50,9 +50,7 @@ class luCalendarTime {
     class PhysicalTimeRef {
       public:
         explicit PhysicalTimeRef(Time* time) : m_time(time) {}
-        operator luPhysicalTime() const {
-            return static_cast<const Time*>(m_time)->physicalTime();
-        }
+        operator luPhysicalTime() const { return static_cast<const Time*>(m_time)->physicalTime(); }
         PhysicalTimeRef& operator=(const luPhysicalTime& when) {
             m_time->reset(when);
             return *this;
@@ -194,7 +192,9 @@ class luCalendarTime {
     /// Gives the new calendar `impl` its first instant; deletes it on failure.
     template <class Assign>
     void Start(Assign assign);
-    static Impl::EDateFields EngineField(int value) { return static_cast<Impl::EDateFields>(value); }
+    static Impl::EDateFields EngineField(int value) {
+        return static_cast<Impl::EDateFields>(value);
+    }
     [[noreturn]] static void ThrowReadError(const char* detail);
 
     /// Runs `write` on the calendar as a checked write named `detail`.
