@@ -72,6 +72,7 @@
 #include "kai18n/fmtlib/lu_fmt_dialects.h"
 #include "kai18n/fmtlib/lu_fmt_pattern.h"
 #include "kai18n/fmtlib/lu_fmt_tokens.h"
+#include "kai18n/fmtlib/lu_input_date.h"
 #include "kai18n/fmtlib/lu_input_number.h"
 #include "kai18n/fmtlib/lu_number_format.h"
 #include "kai18n/fmtlib/lu_preferences.h"
