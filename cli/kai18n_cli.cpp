@@ -1,7 +1,7 @@
 // kai18n: the command-line tool. Lists the locales of the catalog, shows
 // the identity, numeric punctuation and date names of one locale, formats
-// numbers by a pattern, shows the canonical notation of a format text and
-// prints dates.
+// numbers by a pattern, shows the canonical notation of a format text,
+// prints dates and reads numbers and dates back from text.
 //
 //   kai18n locales [--language xx] [--country YY]
 //   kai18n locale NAME
@@ -12,9 +12,13 @@
 //   kai18n excel [--date] [--locale NAME] [--dialect D] [--code XX] TEXT
 //   kai18n zones [--offset SECONDS]
 //   kai18n time [--zone ID] [SECONDS | YYYY-MM-DDTHH:MM:SSZ]
+//   kai18n parse-number [--locale NAME] TEXT...
+//   kai18n parse-date [--locale NAME] [--zone ID] [--pivot YEAR] [--dialect D] [--code XX]
+//                     PATTERN TEXT...
 //
 // Output is UTF-8. Exit codes: 0 success, 1 failure of the library (an
-// unknown locale or zone) or an invalid date or instant, 2 bad usage.
+// unknown locale or zone), an invalid date or instant or a text that could
+// not be read, 2 bad usage.
 #include <cstdio>
 #include <cstring>
 #include <iostream>
@@ -35,6 +39,7 @@
 #include "kai18n/locale/lu_locale_ident.h"
 #include "kai18n/platform/kalib.h"
 #include "kai18n/strings/ucs2string.h"
+#include "parse_commands.h"
 #include "zone_commands.h"
 
 namespace {
@@ -62,7 +67,7 @@ const char kUsageEnd[] =
     "      show this text\n";
 
 int Usage(std::ostream& out, int code) {
-    out << kUsage << kDateUsage << kDateFormatUsage << kZoneUsage << kUsageEnd;
+    out << kUsage << kDateUsage << kDateFormatUsage << kZoneUsage << kParseUsage << kUsageEnd;
     return code;
 }
 
@@ -254,6 +259,8 @@ int main(int argc, char** argv) {
         if (command == "excel") return ExcelCommand(argc, argv);
         if (command == "zones") return ZonesCommand(argc, argv);
         if (command == "time") return TimeCommand(argc, argv);
+        if (command == "parse-number") return ParseNumberCommand(argc, argv);
+        if (command == "parse-date") return ParseDateCommand(argc, argv);
     } catch (const LUException& e) {
         std::cout.flush();
         std::cerr << "kai18n: error " << ResultCode(e.GetResult()) << ": " << e.what() << '\n';
