@@ -21,6 +21,7 @@
 #include <cmath>
 #include <cstdint>
 #include <cstring>
+#include <typeinfo>
 
 #include "calendar/engine_arithmetic.h"
 #include "kai18n/calendar/gregorian_calendar.h"
@@ -843,10 +844,16 @@ double GregorianCalendar::computeJulianDay(bool isGregorian, std::int32_t year) 
 }
 
 bool GregorianCalendar::validateFields() const {
+    // A calendar of exactly this class has the limits of the tables; reading
+    // them directly saves two virtual calls a field on every strict write.
+    const bool ownLimits = typeid(*this) == typeid(GregorianCalendar);
     for (int i = 0; i < kFieldCount; ++i) {
         const EDateFields field = static_cast<EDateFields>(i);
-        if (field == DAY_OF_MONTH || field == DAY_OF_YEAR) continue;
-        if (isSet(field) && !boundsCheck(internalGet(field), field)) return false;
+        if (field == DAY_OF_MONTH || field == DAY_OF_YEAR || !isSet(field)) continue;
+        const std::int32_t value = internalGet(field);
+        const bool inRange = ownLimits ? value >= kMinValues[i] && value <= kMaxValues[i]
+                                       : boundsCheck(value, field);
+        if (!inRange) return false;
     }
     if (isSet(DAY_OF_MONTH)) {
         const std::int32_t date = internalGet(DAY_OF_MONTH);

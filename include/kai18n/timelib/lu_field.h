@@ -103,10 +103,17 @@ std::ostream& operator<<(std::ostream& os, const luField& field);
 /// a field replaces the earlier one. Holds no heap memory.
 class luFields {
   public:
-    /// The empty set.
-    luFields() = default;
-    luFields(const luFields&) = default;
-    luFields& operator=(const luFields&) = default;
+    /// The empty set. Only the written entries are ever read, so the others
+    /// stay unwritten: a scanner makes one of these per text read.
+    luFields() {}
+    luFields(const luFields& other) { *this = other; }
+    /// Copies the written entries alone.
+    luFields& operator=(const luFields& other) {
+        m_present = other.m_present;
+        for (int field = 0; field < kSlots; ++field)
+            if (m_present >> field & 1u) m_entries[field] = other.m_entries[field];
+        return *this;
+    }
     ~luFields() = default;
 
     /// Stores the write "set `field` to `value`"; returns *this for chaining.
@@ -144,7 +151,7 @@ class luFields {
         m_present |= std::uint32_t{1} << field.value();
     }
 
-    Entry m_entries[kSlots] = {};
+    Entry m_entries[kSlots];      // entry n is read only when bit n is set
     std::uint32_t m_present = 0;  // bit n: m_entries[n] holds a write
 };
 
