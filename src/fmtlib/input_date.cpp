@@ -1,6 +1,6 @@
-// Date input: building the input from a pattern, the three ways it reads
-// text (a number, a word as written, a word in any case), and writing a date
-// back through the date formatter on the same pattern.
+// Date input: building the input from a pattern, and writing a date back
+// through the date formatter on the same pattern.
+#include <algorithm>
 #include <new>
 
 #include "fmtlib/input_date_imp.h"
@@ -40,16 +40,6 @@ std::unique_ptr<luFmtPattern> DefaultPattern(const luSettings& settings, int tok
     return owned;
 }
 
-// A run of blanks in a word wants a run of any length in the text: passes
-// both runs and tells whether the text had one.
-bool MatchBlanks(const lu_ctype_impl& ctype, const unsigned short*& p, const unsigned short*& word,
-                 const unsigned short* end) {
-    while (word < end && ctype.IsSpace(*word)) ++word;
-    const bool match = ctype.IsSpace(*p);
-    while (ctype.IsSpace(*p)) ++p;
-    return match;
-}
-
 }  // namespace
 
 luInputDate::~luInputDate() = default;
@@ -87,8 +77,16 @@ long luInputDateImp::BuildFrom(luFmtPattern& pattern, int pivot_year) {
         m_steps.reserve(m_pattern->size());
         for (const luToken* token : *m_pattern) {
             const bool literal = token->IsLiteral();
-            m_steps.push_back(Step{token->TokenId(), literal ? token->LiteralText() : nullptr,
-                                   literal ? static_cast<int>(token->LiteralLength()) : 0});
+            Step step{token->TokenId(), nullptr, 0, false};
+            if (literal) {
+                step.text = token->LiteralText();
+                step.length = static_cast<int>(token->LiteralLength());
+                const lu_ctype_impl& ctype = m_values->CharacterFacet().impl();
+                step.plain = std::none_of(
+                    step.text, step.text + step.length,
+                    [&ctype](unsigned short unit) { return unit == 0 || ctype.IsSpace(unit); });
+            }
+            m_steps.push_back(step);
         }
     } catch (...) {
         m_format.reset();
@@ -111,67 +109,6 @@ const unsigned short* luInputDateImp::c_str() {
 int luInputDateImp::TwoDigitYear(int value) const {
     const int century = m_pivotYear / 100 * 100;
     return m_pivotYear % 100 < value ? value - 100 + century : value + century;
-}
-
-bool luInputDateImp::xNum(const unsigned short* text, int& value, int max_digits,
-                          int& consumed) const {
-    const lu_ctype_impl& ctype = m_values->CharacterFacet().impl();
-    const unsigned short* p = text;
-    while (ctype.IsSpace(*p)) ++p;
-    value = 0;
-    int digits = 0;
-    for (; digits < max_digits && ctype.IsDigit(*p); ++digits, ++p) {
-        const unsigned int ascii = static_cast<unsigned int>(*p) - u'0';
-        value = value * 10 + (ascii < 10 ? static_cast<int>(ascii) : ctype.getdigit(*p));
-    }
-    consumed = static_cast<int>(p - text);
-    return digits > 0;
-}
-
-bool luInputDateImp::xMatch(const unsigned short* text, const unsigned short* word, int length,
-                            int& consumed) const {
-    const lu_ctype_impl& ctype = m_values->CharacterFacet().impl();
-    const unsigned short* p = text;
-    const unsigned short* const end = word + (length > 0 ? length : 0);
-    bool match = true;
-    while (match && word < end) {
-        if (ctype.IsSpace(*word)) {
-            match = MatchBlanks(ctype, p, word, end);
-        } else {
-            while (ctype.IsSpace(*p)) ++p;
-            match = *p != 0 && *p == *word;
-            if (match) {
-                ++p;
-                ++word;
-            }
-        }
-    }
-    consumed = static_cast<int>(p - text);
-    return match;
-}
-
-bool luInputDateImp::ncMatch(const unsigned short* text, const unsigned short* word, int length,
-                             int& consumed) const {
-    const lu_ctype& cases = m_values->CharacterFacet();
-    const lu_ctype_impl& ctype = cases.impl();
-    const unsigned short* p = text;
-    const unsigned short* const end = word + (length > 0 ? length : 0);
-    while (ctype.IsSpace(*p)) ++p;
-    while (word < end && ctype.IsSpace(*word)) ++word;
-    bool match = true;
-    while (match && word < end) {
-        if (ctype.IsSpace(*word)) {
-            match = MatchBlanks(ctype, p, word, end);
-        } else {
-            match = *p != 0 && (*p == *word || cases.tolower(*p) == cases.tolower(*word));
-            if (match) {
-                ++p;
-                ++word;
-            }
-        }
-    }
-    consumed = static_cast<int>(p - text);
-    return match;
 }
 
 long CreateInputDate(ilu_ptr<luSettings>& settings, luFmtPattern* pattern, luInputDate*& out,

@@ -52,6 +52,7 @@ class luInputDateImp : public luInputDate {
         int token;
         const unsigned short* text;
         int length;
+        bool plain;  // a literal without blanks or zero units
     };
     class Reader;
 

@@ -1,6 +1,7 @@
 // Reading a date: the pattern's tokens walked in order, each consuming text
-// and noting a field, and the fields handed to the calendar time in one
-// write, so that the calendar alone judges whether they make a date.
+// in one of three ways (a number, a word as written, a word in any case) and
+// noting a field, and the fields handed to the calendar time in one write,
+// so that the calendar alone judges whether they make a date.
 #include "fmtlib/input_date_imp.h"
 #include "fmtlib/japanese_eras.h"
 #include "kai18n/facets/lu_ctime.h"
@@ -11,6 +12,21 @@
 namespace FmtLib {
 namespace {
 
+// The value of an ASCII digit; above 9 for any other unit.
+unsigned int AsciiDigit(unsigned short unit) {
+    return static_cast<unsigned int>(unit) - u'0';
+}
+
+// A run of blanks in a word wants a run of any length in the text: passes
+// both runs and tells whether the text had one.
+bool MatchBlanks(const lu_ctype_impl& ctype, const unsigned short*& p, const unsigned short*& word,
+                 const unsigned short* end) {
+    while (word < end && ctype.IsSpace(*word)) ++word;
+    const bool match = ctype.IsSpace(*p);
+    while (ctype.IsSpace(*p)) ++p;
+    return match;
+}
+
 int Length(const unsigned short* text) {
     int n = 0;
     if (text != nullptr)
@@ -19,6 +35,73 @@ int Length(const unsigned short* text) {
 }
 
 }  // namespace
+
+bool luInputDateImp::xNum(const unsigned short* text, int& value, int max_digits,
+                          int& consumed) const {
+    const lu_ctype_impl& ctype = m_values->CharacterFacet().impl();
+    const unsigned short* p = text;
+    // An ASCII digit is no blank and needs no table look-up: the common case.
+    while (AsciiDigit(*p) > 9 && ctype.IsSpace(*p)) ++p;
+    value = 0;
+    int digits = 0;
+    for (; digits < max_digits; ++digits, ++p) {
+        const unsigned int ascii = AsciiDigit(*p);
+        if (ascii <= 9)
+            value = value * 10 + static_cast<int>(ascii);
+        else if (ctype.IsDigit(*p))
+            value = value * 10 + ctype.getdigit(*p);
+        else
+            break;
+    }
+    consumed = static_cast<int>(p - text);
+    return digits > 0;
+}
+
+bool luInputDateImp::xMatch(const unsigned short* text, const unsigned short* word, int length,
+                            int& consumed) const {
+    const lu_ctype_impl& ctype = m_values->CharacterFacet().impl();
+    const unsigned short* p = text;
+    const unsigned short* const end = word + (length > 0 ? length : 0);
+    bool match = true;
+    while (match && word < end) {
+        if (ctype.IsSpace(*word)) {
+            match = MatchBlanks(ctype, p, word, end);
+        } else {
+            while (ctype.IsSpace(*p)) ++p;
+            match = *p != 0 && *p == *word;
+            if (match) {
+                ++p;
+                ++word;
+            }
+        }
+    }
+    consumed = static_cast<int>(p - text);
+    return match;
+}
+
+bool luInputDateImp::ncMatch(const unsigned short* text, const unsigned short* word, int length,
+                             int& consumed) const {
+    const lu_ctype& cases = m_values->CharacterFacet();
+    const lu_ctype_impl& ctype = cases.impl();
+    const unsigned short* p = text;
+    const unsigned short* const end = word + (length > 0 ? length : 0);
+    while (ctype.IsSpace(*p)) ++p;
+    while (word < end && ctype.IsSpace(*word)) ++word;
+    bool match = true;
+    while (match && word < end) {
+        if (ctype.IsSpace(*word)) {
+            match = MatchBlanks(ctype, p, word, end);
+        } else {
+            match = *p != 0 && (*p == *word || cases.tolower(*p) == cases.tolower(*word));
+            if (match) {
+                ++p;
+                ++word;
+            }
+        }
+    }
+    consumed = static_cast<int>(p - text);
+    return match;
+}
 
 // The state of one Scan: where it stands in the text, whether every token so
 // far was read, and the fields read.
@@ -82,6 +165,16 @@ class luInputDateImp::Reader {
 bool luInputDateImp::Reader::Read(const Step& step) {
     switch (step.token) {
         case TokLiteral: {
+            // The text holding the literal as it stands reads the same as
+            // xMatch would, without its blank tests.
+            if (step.plain) {
+                int n = 0;
+                while (n < step.length && m_p[n] == step.text[n]) ++n;  // stops at the end
+                if (n == step.length) {
+                    m_p += n;
+                    return true;
+                }
+            }
             int consumed = 0;
             const bool match = m_input.xMatch(m_p, step.text, step.length, consumed);
             m_p += consumed;

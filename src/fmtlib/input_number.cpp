@@ -28,11 +28,17 @@ bool Is(unsigned short unit, unsigned short wanted) {
     return unit != 0 && unit == wanted;
 }
 
-// The value of a unit the character classes call a decimal digit. ASCII
-// digits are the common case and need no table look-up.
-int DigitValue(const lu_ctype_impl& ctype, unsigned short unit) {
-    const unsigned int ascii = static_cast<unsigned int>(unit) - u'0';
-    return ascii < 10 ? static_cast<int>(ascii) : ctype.getdigit(unit);
+// The value of an ASCII digit; above 9 for any other unit. ASCII digits are
+// the common case: they need no table look-up and are never blanks.
+unsigned int AsciiDigit(unsigned short unit) {
+    return static_cast<unsigned int>(unit) - u'0';
+}
+
+// The value of the digit at `p`, or -1 when no digit stands there.
+int DigitAt(const lu_ctype_impl& ctype, const unsigned short* p) {
+    const unsigned int ascii = AsciiDigit(*p);
+    if (ascii <= 9) return static_cast<int>(ascii);
+    return ctype.IsDigit(*p) ? ctype.getdigit(*p) : -1;
 }
 
 }  // namespace
@@ -58,7 +64,7 @@ luInputNumberImp::~luInputNumberImp() = default;
 
 const unsigned short* luInputNumberImp::SkipBlanks(const unsigned short* p,
                                                    const lu_ctype_impl& ctype) const {
-    while (ctype.IsSpace(*p)) ++p;
+    while (AsciiDigit(*p) > 9 && ctype.IsSpace(*p)) ++p;
     return p;
 }
 
@@ -68,8 +74,7 @@ const unsigned short* luInputNumberImp::SkipBlanks(const unsigned short* p,
 const unsigned short* luInputNumberImp::ReadDigits(const unsigned short* p,
                                                    const lu_ctype_impl& ctype, Mantissa& m,
                                                    bool fraction) const {
-    for (; ctype.IsDigit(*p); ++p) {
-        const int d = DigitValue(ctype, *p);
+    for (int d = DigitAt(ctype, p); d >= 0; d = DigitAt(ctype, ++p)) {
         if (m.count == 0) {
             if (d == 0) {
                 if (fraction) --m.exponent;
@@ -115,12 +120,12 @@ const unsigned short* luInputNumberImp::ReadExponent(const unsigned short* p,
     if (*q == 0 || cases.tolower(*q) != cases.tolower(m_values->ExponentSign())) return p;
     bool negative = false;
     q = ReadSign(q + 1, ctype, negative);
-    if (!ctype.IsDigit(*q)) {
+    if (DigitAt(ctype, q) < 0) {
         ok = false;
         return q;
     }
-    for (; ctype.IsDigit(*q); ++q) {
-        exponent = exponent * 10 + DigitValue(ctype, *q);
+    for (int d = DigitAt(ctype, q); d >= 0; d = DigitAt(ctype, ++q)) {
+        exponent = exponent * 10 + d;
         if (exponent > kExponentCeiling) exponent = kExponentCeiling;
     }
     if (negative) {
@@ -160,7 +165,7 @@ bool luInputNumberImp::Scan(const unsigned short* text, double& result, int& pos
     bool ok = true;
 
     const unsigned short* p = ReadSign(text, ctype, m_negative);
-    if (ctype.IsDigit(*p)) {
+    if (DigitAt(ctype, p) >= 0) {
         p = ReadDigits(p, ctype, m, false);
         if (Is(*p, point)) {
             m_hasFraction = true;
@@ -169,7 +174,7 @@ bool luInputNumberImp::Scan(const unsigned short* text, double& result, int& pos
     } else if (Is(*p, point)) {
         m_hasFraction = true;
         ++p;
-        ok = ctype.IsDigit(*p);
+        ok = DigitAt(ctype, p) >= 0;
         if (ok) p = ReadDigits(p, ctype, m, true);
     } else {
         ok = false;
