@@ -159,12 +159,13 @@ TEST(InputNumberTest, FormatWritesWhatScanReads) {
     };
     for (const auto& row : rows) EXPECT_EQ(row.text, Formatted(*english, row.value)) << row.value;
 
-    english->Format(-42l);
-    EXPECT_EQ("-42", Utf8(ucs2string(english->c_str())));
-    english->Format(4294967295ul);
-    EXPECT_EQ("4294967295", Utf8(ucs2string(english->c_str())));
-    english->Format(0ul);
-    EXPECT_EQ("0", Utf8(ucs2string(english->c_str())));
+    auto whole = [&english](auto value) {
+        english->Format(value);
+        return Utf8(ucs2string(english->c_str()));
+    };
+    EXPECT_EQ("-42", whole(-42l));
+    EXPECT_EQ("4294967295", whole(4294967295ul));
+    EXPECT_EQ("1e17", whole(100000000000000000l));  // a 64-bit value keeps its exponent
 
     auto arabic = Make("ar_EG");
     EXPECT_EQ("-\u0661\u0662\u066B\u0665", Formatted(*arabic, -12.5));
