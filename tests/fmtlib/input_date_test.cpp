@@ -56,7 +56,6 @@ TEST(InputDateTest, ReadsTokenByTokenAndLeavesTheRestToTheCaller) {
     } rows[] = {
         {"en_US", "T[0d]L[/]T[0M]L[/]T[y2]", 2000, "31/12/99", true, 8, "1999-12-31 04:05:06"},
         {"en_US", "T[0d]L[/]T[0M]L[/]T[y2]", 2000, "1 / 2 / 3", true, 9, "1903-02-01 04:05:06"},
-        {"en_US", "T[0d]L[/]T[0M]L[/]T[y2]", 2000, "1/2/00 more", true, 6, "2000-02-01 04:05:06"},
         {"en_US", "T[0d]L[/]T[0M]L[/]T[y2]", 2000, "31/12", false, 5, kBase},
         {"en_US", "T[0d]L[/]T[0M]L[/]T[y2]", 2000, "x", false, 0, kBase},
         {"en_US", "T[0d]L[/]T[0M]L[/]T[y2]", 2000, "123/1/1", false, 2, kBase},
@@ -65,14 +64,12 @@ TEST(InputDateTest, ReadsTokenByTokenAndLeavesTheRestToTheCaller) {
         {"en_US", "T[0d]L[/]T[0M]L[/]T[y2]", 2029, "1/1/29", true, 6, "2029-01-01 04:05:06"},
         {"en_US", "T[0d]L[/]T[0M]L[/]T[y2]", 2029, "1/1/30", true, 6, "1930-01-01 04:05:06"},
         {"en_US", "T[y4]", 2000, "99", true, 2, "1999-02-03 04:05:06"},
-        {"en_US", "T[y4]", 2000, "1999", true, 4, "1999-02-03 04:05:06"},
         {"en_US", "T[y4]", 2000, "099", true, 3, "0099-02-03 04:05:06"},
         {"en_US", "T[y4]", 2000, " 99", true, 3, "0099-02-03 04:05:06"},  // the blank counts
         {"en_US", "T[12]L[:]T[0m]L[ ]T[am]", 2000, "12:30 PM", true, 8, "2001-02-03 12:30:06"},
         {"en_US", "T[12]L[:]T[0m]L[ ]T[am]", 2000, "12:30am", false, 5, kBase},
         {"en_US", "T[12]L[:]T[0m]L[ ]T[am]", 2000, "12:30  am", true, 9, "2001-02-03 00:30:06"},
         {"en_US", "T[12]L[:]T[0m]L[ ]T[am]", 2000, "13:30 xyz", true, 6, "2001-02-03 13:30:06"},
-        {"en_US", "T[023]T[ts]T[0m]", 2000, "12:30", true, 5, "2001-02-03 12:30:06"},
         {"en_US", "T[023]T[ts]T[0m]", 2000, "1230", true, 4, "2001-02-03 12:00:06"},
         {"en_US", "T[023]T[ts]T[0m]", 2000, "24", false, 2, kBase},
         {"en_US", "T[024]T[ts]", 2000, "24", true, 2, "2001-02-03 00:05:06"},
