@@ -3,6 +3,7 @@
 // noting a field, and the fields handed to the calendar time in one write,
 // so that the calendar alone judges whether they make a date.
 #include "fmtlib/input_date_imp.h"
+#include "fmtlib/input_digits.h"
 #include "fmtlib/japanese_eras.h"
 #include "kai18n/facets/lu_ctime.h"
 #include "kai18n/facets/lu_ctype.h"
@@ -11,11 +12,6 @@
 
 namespace FmtLib {
 namespace {
-
-// The value of an ASCII digit; above 9 for any other unit.
-unsigned int AsciiDigit(unsigned short unit) {
-    return static_cast<unsigned int>(unit) - u'0';
-}
 
 // A run of blanks in a word wants a run of any length in the text: passes
 // both runs and tells whether the text had one.
@@ -44,15 +40,8 @@ bool luInputDateImp::xNum(const unsigned short* text, int& value, int max_digits
     while (AsciiDigit(*p) > 9 && ctype.IsSpace(*p)) ++p;
     value = 0;
     int digits = 0;
-    for (; digits < max_digits; ++digits, ++p) {
-        const unsigned int ascii = AsciiDigit(*p);
-        if (ascii <= 9)
-            value = value * 10 + static_cast<int>(ascii);
-        else if (ctype.IsDigit(*p))
-            value = value * 10 + ctype.getdigit(*p);
-        else
-            break;
-    }
+    for (int d = 0; digits < max_digits && (d = DigitValue(ctype, *p)) >= 0; ++digits, ++p)
+        value = value * 10 + d;
     consumed = static_cast<int>(p - text);
     return digits > 0;
 }

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <new>
 
+#include "fmtlib/input_digits.h"
 #include "fmtlib/input_number_imp.h"
 #include "kai18n/facets/lu_ctype.h"
 #include "kai18n/facets/lu_double_traits.h"
@@ -26,19 +27,6 @@ double PowerOfTen(int exponent) {
 // scan must not step past the end of the text.
 bool Is(unsigned short unit, unsigned short wanted) {
     return unit != 0 && unit == wanted;
-}
-
-// The value of an ASCII digit; above 9 for any other unit. ASCII digits are
-// the common case: they need no table look-up and are never blanks.
-unsigned int AsciiDigit(unsigned short unit) {
-    return static_cast<unsigned int>(unit) - u'0';
-}
-
-// The value of the digit at `p`, or -1 when no digit stands there.
-int DigitAt(const lu_ctype_impl& ctype, const unsigned short* p) {
-    const unsigned int ascii = AsciiDigit(*p);
-    if (ascii <= 9) return static_cast<int>(ascii);
-    return ctype.IsDigit(*p) ? ctype.getdigit(*p) : -1;
 }
 
 }  // namespace
@@ -74,7 +62,7 @@ const unsigned short* luInputNumberImp::SkipBlanks(const unsigned short* p,
 const unsigned short* luInputNumberImp::ReadDigits(const unsigned short* p,
                                                    const lu_ctype_impl& ctype, Mantissa& m,
                                                    bool fraction) const {
-    for (int d = DigitAt(ctype, p); d >= 0; d = DigitAt(ctype, ++p)) {
+    for (int d = DigitValue(ctype, *p); d >= 0; d = DigitValue(ctype, *++p)) {
         if (m.count == 0) {
             if (d == 0) {
                 if (fraction) --m.exponent;
@@ -120,11 +108,11 @@ const unsigned short* luInputNumberImp::ReadExponent(const unsigned short* p,
     if (*q == 0 || cases.tolower(*q) != cases.tolower(m_values->ExponentSign())) return p;
     bool negative = false;
     q = ReadSign(q + 1, ctype, negative);
-    if (DigitAt(ctype, q) < 0) {
+    if (DigitValue(ctype, *q) < 0) {
         ok = false;
         return q;
     }
-    for (int d = DigitAt(ctype, q); d >= 0; d = DigitAt(ctype, ++q)) {
+    for (int d = DigitValue(ctype, *q); d >= 0; d = DigitValue(ctype, *++q)) {
         exponent = exponent * 10 + d;
         if (exponent > kExponentCeiling) exponent = kExponentCeiling;
     }
@@ -165,7 +153,7 @@ bool luInputNumberImp::Scan(const unsigned short* text, double& result, int& pos
     bool ok = true;
 
     const unsigned short* p = ReadSign(text, ctype, m_negative);
-    if (DigitAt(ctype, p) >= 0) {
+    if (DigitValue(ctype, *p) >= 0) {
         p = ReadDigits(p, ctype, m, false);
         if (Is(*p, point)) {
             m_hasFraction = true;
@@ -174,7 +162,7 @@ bool luInputNumberImp::Scan(const unsigned short* text, double& result, int& pos
     } else if (Is(*p, point)) {
         m_hasFraction = true;
         ++p;
-        ok = DigitAt(ctype, p) >= 0;
+        ok = DigitValue(ctype, *p) >= 0;
         if (ok) p = ReadDigits(p, ctype, m, true);
     } else {
         ok = false;
