@@ -1,11 +1,9 @@
-// Random bytes through lu_codecvt in multi-byte encodings: Shift-JIS,
-// EUC-JP, GB18030, Big5, UTF-8 and ISO-2022-JP (the first byte picks one).
-// The text goes to UTF-16 and to UTF-8 with SetString, into targets that held
-// something before; the UTF-8 result must be the UTF-8 form of the UTF-16
-// result, and valid; the UTF-16 result goes back through SetNarrowString and
-// through the out and in slots into a buffer of random size. Nothing may
-// crash, and the only exceptions allowed are LUException with the codes of
-// the encoding layer.
+// Random bytes through lu_codecvt in multi-byte encodings: Shift-JIS, EUC-JP, GB18030, Big5,
+// UTF-8 and ISO-2022-JP (the first byte picks one). The text goes to UTF-16 and to UTF-8 with
+// SetString, into targets that held something before; the UTF-8 result must be the UTF-8 form of
+// the UTF-16 result, and valid; the UTF-16 result goes back through SetNarrowString and through
+// the out and in slots into a buffer of random size. Nothing may crash, and the only exceptions
+// allowed are LUException with the codes of the encoding layer.
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -20,16 +18,13 @@
 namespace {
 
 const lu_codecvt& FacetFor(unsigned choice) {
-    static const char* const kNames[] = {"Shift-JIS", "EUC-JP", "GB18030", "Big5", "ISO-2022-JP"};
     static const ilu_const_ptr<lu_codecvt> facets[] = {
-        ilu_const_ptr<lu_codecvt>(new lu_codecvt_byname(kNames[0], 0)),
-        ilu_const_ptr<lu_codecvt>(new lu_codecvt_byname(kNames[1], 0)),
-        ilu_const_ptr<lu_codecvt>(new lu_codecvt_byname(kNames[2], 0)),
-        ilu_const_ptr<lu_codecvt>(new lu_codecvt_byname(kNames[3], 0)),
-        ilu_const_ptr<lu_codecvt>(new lu_codecvt_byname(kNames[4], 0)),
-        ilu_const_ptr<lu_codecvt>(new lu_codecvt(0, CharEncoding::Unicode20UTF8(),
-                                                 Char16Encoding::UTF16(), nullptr, false)),
-    };
+        new lu_codecvt_byname("Shift-JIS", 0),
+        new lu_codecvt_byname("EUC-JP", 0),
+        new lu_codecvt_byname("GB18030", 0),
+        new lu_codecvt_byname("Big5", 0),
+        new lu_codecvt_byname("ISO-2022-JP", 0),
+        new lu_codecvt(0, CharEncoding::Unicode20UTF8(), Char16Encoding::UTF16(), nullptr, false)};
     return *facets[choice % 6];
 }
 

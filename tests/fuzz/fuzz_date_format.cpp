@@ -1,12 +1,11 @@
 // Drives random date format texts through the three date dialects into date formatters of five
 // locales, which format random instants (byte 0: locale, default format; byte 1: dialect, zone;
-// 2-9: milliseconds). Checked: colours 0 to 16, bounded results, the codes of the factories.
+// bytes 2-9: milliseconds; then the text). Checked: colours 0 to 16, bounded results, the codes
+// of the factories.
 #include <cmath>
 #include <cstdint>
 #include <cstring>
 #include <memory>
-#include <sstream>
-#include <string>
 #include <vector>
 
 #include "fuzz_support.h"
@@ -22,37 +21,27 @@ using namespace TimeLib;
 
 namespace {
 
-const char kPieces[] =  // pieces of date text in the three dialects, split at '|'
-    "yyyy|yy|MMMM|MMM|MM|M|Mmmm|dddd|ddd|dd|d|DDDD|Dddd|HH|H|hh|h|kk|K|mm|m|ss|SSS|SS|S|a|A|G|F|"
-    "eee|ww|W|z|rr|r|g|gg|jy|jyy|FULL_DATE|SHORT_TIME|DATE_TIME|STANDARD|;|'|''|\\|!| |-|/|:|x|"
-    "[Red]|[blue]|[|]|T[|L[|T[y4]|T[mtc]|T[012]|T[024]|T[iyg]|T[ip]|T[jy2]|T[era]|T[tz]|T[da]|"
-    "T[ts]|T[FS]|T[Cr]|T[Adf]|T[Err]|T[0ms]|T[ywoy4]|L[text]|jj|aaaa|<era>|<day name>|"
-    "<format separator>";
-
-ucs2string Text(const std::string& ascii) {
-    return ucs2string(reinterpret_cast<const unsigned char*>(ascii.c_str()));
-}
 struct NineHoursEast : luTimeZone {
-    Impl* make() const override { return new SimpleTimeZone(9 * 3600000, Text("East+9")); }
+    Impl* make() const override { return new SimpleTimeZone(9 * 3600000, Ascii("East+9")); }
 };
 
 struct World {
-    ilu_ptr<luSettings> settings[5];
+    ilu_ptr<luSettings> settings[5] = {
+        MakeSettings(lu_locale("en_US")), MakeSettings(lu_locale("de_DE")),
+        MakeSettings(lu_locale("ja_JP")), MakeSettings(lu_locale("ar_EG")),
+        MakeSettings(lu_locale("hi_IN"))};
     luStringFormatDate* dialects[3] = {CreateStringFormatDate("ja", nullptr),
                                        CreateSerialStringFormatDate(),
                                        CreateVeloraStringFormatDate("FR", "fr", "FR")};
-    std::vector<ucs2string> pieces;
+    // Pieces of date text in the three dialects.
+    const std::vector<Units> pieces = Split(
+        u"yyyy|yy|MMMM|MMM|MM|M|Mmmm|dddd|ddd|dd|d|DDDD|Dddd|HH|H|hh|h|kk|K|mm|m|ss|SSS|SS|S|a|A|G|"
+        u"F|eee|ww|W|z|rr|r|g|gg|jy|jyy|FULL_DATE|SHORT_TIME|DATE_TIME|STANDARD|;|'|''|\\|!| |-|/|"
+        u":|x|[Red]|[blue]|[|]|T[|L[|T[y4]|T[mtc]|T[012]|T[024]|T[iyg]|T[ip]|T[jy2]|T[era]|T[tz]|"
+        u"T[da]|T[ts]|T[FS]|T[Cr]|T[Adf]|T[Err]|T[0ms]|T[ywoy4]|L[text]|jj|aaaa|<era>|<day name>|"
+        u"<format separator>");
     NineHoursEast east;
-    World() {
-        ilu_ptr<luPreferences> prefs;
-        Check(CreatePreferences(prefs) == 0 && prefs && dialects[0] && dialects[1] && dialects[2]);
-        prefs->EndBuild();
-        const char* const locales[] = {"en_US", "de_DE", "ja_JP", "ar_EG", "hi_IN"};
-        for (int i = 0; i < 5; ++i)
-            Check(CreateSettings(lu_locale(locales[i]), prefs, settings[i]) == 0 && settings[i]);
-        std::istringstream in(kPieces);
-        for (std::string piece; std::getline(in, piece, '|');) pieces.push_back(Text(piece));
-    }
+    World() { Check(dialects[0] && dialects[1] && dialects[2]); }
 };
 
 // The action succeeds, or the calendar refuses the instant or a field; the result is bounded.
@@ -77,14 +66,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const luTimeZone& zone = (data[1] & 0x80) ? world.east : luTimeZone::utc();
     double millis;
     std::memcpy(&millis, data + 2, sizeof millis);
-    ucs2string text;
-    for (std::size_t i = 2 + sizeof(double); i < size; ++i) {
-        if (data[i] < 0xC0) text.append(world.pieces[data[i] % world.pieces.size()]);
-        if (data[i] < 0xC0 || i + 2 >= size) continue;
-        const unsigned short unit = static_cast<unsigned short>(data[i + 1] << 8 | data[i + 2]);
-        text.append(&unit, 1);  // a byte from 0xC0 and the two after it make one UTF-16 unit
-        i += 2;
-    }
+    const ucs2string text = Ucs2(FuzzInput(data + 10, size - 10).text(world.pieces, true));
     luFmtPattern* pattern = nullptr;
     Check(world.dialects[data[1] % 3]->ToPattern(text, pattern) == 0 && pattern != nullptr);
     std::unique_ptr<luFmtPattern> ownedPattern(pattern);

@@ -1,6 +1,6 @@
-// Prints a date-time (valid, just before midnight, or null) in one of four locales
-// by a random UTF-16 format through both overloads: the text is bounded by the
-// format, the overloads agree, and a text too long leaves the output unchanged.
+// Prints a date-time (valid, just before midnight, or null) in one of four locales by a random
+// UTF-16 format through both overloads: the text is bounded by the format, the overloads agree,
+// and a text too long leaves the output unchanged.
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
@@ -18,34 +18,27 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                                         lu_locale("ja_JP"), lu_locale("ar_EG")};
     // Format units: mostly what conversions are made of; from 0xF0 on, any unit.
     static const char16_t common[] = u"%%%%#-00123456789aAbBcCdDeEfHIjklmMnpPqrsStTUwWxXyYZQ .";
-    std::size_t pos = 0;
-    const auto byte = [&]() -> unsigned { return pos < size ? data[pos++] : 0; };
-    const auto word = [&] {
-        const unsigned high = byte();
-        return high << 8 | byte();
-    };
-
-    const unsigned kind = byte() % 8;
-    const lu_locale& locale = locales[byte() % 4];
-    const unsigned high = word();
-    const int year =
-        DT::kMinYear + static_cast<int>((high << 16 | word()) % (DT::kMaxYear - DT::kMinYear + 1));
-    const int month = static_cast<int>(byte() % 12 + 1);
-    const int day = static_cast<int>(byte() % DT::DaysInMonth(year, month) + 1);
+    FuzzInput in(data, size);
+    const unsigned kind = in.byte() % 8;
+    const lu_locale& locale = locales[in.byte() % 4];
+    const int year = DT::kMinYear + static_cast<int>(in.u32() % (DT::kMaxYear - DT::kMinYear + 1));
+    const int month = static_cast<int>(in.byte() % 12 + 1);
+    const int day = static_cast<int>(in.byte() % DT::DaysInMonth(year, month) + 1);
     DT value(nullptr);
     long code = LU_S_OK;
     if (kind == 1) {
-        code = value.Set(year, month, static_cast<double>(day), 1.0 - (byte() + 1) * 1e-9);
+        code = value.Set(year, month, static_cast<double>(day), 1.0 - (in.byte() + 1) * 1e-9);
     } else if (kind > 1) {
-        const int hour = byte() % 24, minute = byte() % 60, second = byte() % 60;
-        code = value.Set(year, month, day, hour, minute, second, static_cast<int>(word() % 1000));
+        const int hour = in.byte() % 24, minute = in.byte() % 60, second = in.byte() % 60;
+        code =
+            value.Set(year, month, day, hour, minute, second, static_cast<int>(in.unit() % 1000));
     }
     Check(code == LU_S_OK || (year == 1582 && month == 10 && day > 4 && day < 15));
 
     std::vector<unsigned short> format;  // zero-terminated where it ends, for ASan
-    while (pos < size) {
-        const unsigned b = byte();
-        const unsigned short unit = b < 0xF0 ? common[b % (sizeof common / 2 - 1)] : word();
+    while (in.more()) {
+        const unsigned b = in.byte();
+        const unsigned short unit = b < 0xF0 ? common[b % (sizeof common / 2 - 1)] : in.unit();
         if (unit != 0) format.push_back(unit);
     }
     format.push_back(0);

@@ -11,12 +11,8 @@
 #include "fuzz_support.h"
 #include "kai18n/fmtlib/lu_excel_string_format.h"
 #include "kai18n/fmtlib/lu_fmt_pattern.h"
-#include "kai18n/fmtlib/lu_preferences.h"
-#include "kai18n/fmtlib/lu_settings.h"
 #include "kai18n/fmtlib/lu_string_format.h"
 #include "kai18n/frame/result_codes.h"
-#include "kai18n/locale/lu_locale.h"
-#include "kai18n/strings/ucs2string.h"
 
 using namespace FmtLib;
 
@@ -24,10 +20,6 @@ namespace {
 
 const char* const kWords[][2] = {
     {"true", "false"}, {"\"", "a\"\"b"}, {"", "x"}, {"\"yes\"", "n\"o"}};
-
-ucs2string Ascii(const char* text) {
-    return ucs2string(reinterpret_cast<const unsigned char*>(text));
-}
 
 struct Writers {
     luStringFormat* readers[6] = {CreateStringFormatNumber("en", "US"),
@@ -40,13 +32,8 @@ struct Writers {
 
     Writers() {
         for (int i = 0; i < 4; ++i) {
-            ilu_ptr<luPreferences> preferences;
-            Check(CreatePreferences(preferences) == 0);
-            preferences->AddPreference("true_word", Ascii(kWords[i][0]));
-            preferences->AddPreference("false_word", Ascii(kWords[i][1]));
-            preferences->EndBuild();
-            ilu_ptr<luSettings> settings;
-            Check(CreateSettings(lu_locale::classic(), preferences, settings) == 0);
+            ilu_ptr<luSettings> settings = MakeSettings(
+                lu_locale::classic(), {{"true_word", kWords[i][0]}, {"false_word", kWords[i][1]}});
             excel[i][0] = CreateExcelSerialStringFormatNumber(settings);
             excel[i][1] = CreateExcelSerialStringFormatDate(settings);
             Check(excel[i][0] && excel[i][1]);

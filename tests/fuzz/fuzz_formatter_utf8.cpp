@@ -1,6 +1,6 @@
-// Feeds arbitrary bytes to the formatter's UTF-8 paths and fields: only
-// LUException LU_E_INVALID_ARG may come out, a field is exactly as wide as
-// asked, and the text stays zero-terminated.
+// Feeds arbitrary bytes to the formatter's UTF-8 paths and fields: only LUException
+// LU_E_INVALID_ARG may come out, a field is exactly as wide as asked, and the text stays
+// zero-terminated.
 #include <cstddef>
 #include <cstdint>
 #include <vector>

@@ -1,14 +1,10 @@
 // Reads random texts by random date patterns with the date inputs of seven locales, then reads
 // what they write back. Byte 0: settings, and (bit 7) a safe pattern, of fields written as they
-// are read (day, month, four-digit year, 24-hour hour, minute, second) between literals; bytes
-// 1-2: the pivot year; byte 3: the pattern length n; bytes 4-7: seconds since 1970, the instant a
-// safe pattern writes when the text does not read; then n bytes of pattern (a token or a literal
-// each; from 0xF0 a token the input cannot read); the rest is the text: a byte below 0xC0 picks a
-// piece (digits, separators, letters, the locale's names and markers), any other byte and the two
-// after it make one UTF-16 unit.
-//
-// Checked: creation fails, with no object, exactly for empty patterns and those with a token that
-// cannot be read (either way for a named default first); position within the text; a refused text
+// are read, between literals; bytes 1-2: the pivot year; byte 3: the pattern length n; bytes 4-7:
+// the instant (seconds) a safe pattern writes when the text does not read; n bytes of pattern (a
+// token or a literal each; from 0xF0 a token the input cannot read); then the text. Checked:
+// creation fails, with no object, exactly for empty patterns and those with a token that cannot
+// be read (either way for a named default first); position within the text; a refused text
 // leaves the time alone; a date read is written in a text the input reads again, for the safe
 // patterns to its end and to the same fields.
 #include <algorithm>
@@ -27,7 +23,6 @@ using namespace TimeLib;
 
 namespace {
 
-using Units = std::vector<unsigned short>;
 // Tokens written as they are read, and their fields.
 const luFmtTokens kSafe[13] = {
     TokMonthDay00, TokMonthDay0, TokMonth01,  TokMonth1,  TokYear0000, TokHour00To23, TokHour0To23,
@@ -41,20 +36,6 @@ bool Readable(int token) {
     return (token >= 10 && token <= 35) || (token >= 39 && token <= 43) ||
            (token >= 46 && token <= 55) || token == 65 || token == 66;
 }
-void Add(std::vector<Units>& pieces, const unsigned short* text) {
-    std::size_t length = 0;
-    while (text && text[length] != 0) ++length;
-    if (length > 0) pieces.emplace_back(text, text + length);
-}
-std::vector<Units> Split(const char16_t* text) {  // at '|'
-    std::vector<Units> pieces(1);
-    for (; *text != 0; ++text) {
-        if (*text == u'|') pieces.emplace_back();
-        if (*text != u'|') pieces.back().push_back(*text);
-    }
-    return pieces;
-}
-
 struct World {
     ilu_ptr<luSettings> settings[7];
     std::vector<Units> pieces[7];
@@ -62,33 +43,24 @@ struct World {
     World() {
         const char* const names[] = {"en_US", "de_DE", "ar_EG", "ja_JP", "fr_FR", "hi_IN"};
         for (int i = 0; i < 7; ++i) {
-            ilu_ptr<luPreferences> prefs;
-            Check(CreatePreferences(prefs) == 0 && prefs);
-            prefs->EndBuild();
-            const lu_locale locale = i < 6 ? lu_locale(names[i]) : lu_locale::classic();
-            Check(CreateSettings(locale, prefs, settings[i]) == 0 && settings[i]);
+            settings[i] = MakeSettings(i < 6 ? lu_locale(names[i]) : lu_locale::classic());
             const lu_ctime& facet = settings[i]->GetImp()->DateFacet();
             pieces[i] = Split(
                 u"0|1|2|3|4|5|6|7|8|9|12|24|31|1999|2026|/|.|-|:|,| |\t|\u00A0|\u0661|"
                 u"\u0669|\u06F2|\u0968|\uFF13|a|p|x|T|h|M|H|S|明治|平成|年|月|日");
-            for (int month = 1; month <= 12; ++month) {
-                Add(pieces[i], facet.GetNameOfMonth(month));
-                Add(pieces[i], facet.GetShortNameOfMonth(month));
-            }
+            const auto add = [&](const unsigned short* text) {
+                if (text && *text != 0)
+                    pieces[i].push_back(Exact(text)), pieces[i].back().pop_back();
+            };
+            for (int month = 1; month <= 12; ++month)
+                add(facet.GetNameOfMonth(month)), add(facet.GetShortNameOfMonth(month));
             for (int day = 0; day < 7; ++day)
-                Add(pieces[i], facet.GetNameOfDay(day)),
-                    Add(pieces[i], facet.GetShortNameOfDay(day));
-            Add(pieces[i], facet.GetAmPm(0)), Add(pieces[i], facet.GetAmPm(1));
-            Add(pieces[i], facet.GetDateSeparator()), Add(pieces[i], facet.GetTimeSeparator());
+                add(facet.GetNameOfDay(day)), add(facet.GetShortNameOfDay(day));
+            add(facet.GetAmPm(0)), add(facet.GetAmPm(1));
+            add(facet.GetDateSeparator()), add(facet.GetTimeSeparator());
         }
     }
 };
-
-Units Exact(const unsigned short* text) {  // zero-terminated, exactly sized for ASan
-    std::size_t length = 0;
-    while (text[length] != 0) ++length;
-    return Units(text, text + length + 1);
-}
 
 }  // namespace
 
@@ -123,18 +95,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Check(named || (code == 0) == (!unreadable && pattern->size() > 0));
     if (!input) return 0;
 
-    const std::vector<Units>& pieces = world.pieces[data[0] % 7];
-    Units text;
-    for (std::size_t i = end; i < size;) {
-        const unsigned b = data[i++];
-        const Units& piece = pieces[b % pieces.size()];
-        if (b < 0xC0) text.insert(text.end(), piece.begin(), piece.end());
-        if (b < 0xC0) continue;
-        const unsigned high = i < size ? data[i++] : 0, low = i < size ? data[i++] : 0;
-        if ((high | low) != 0) text.push_back(static_cast<unsigned short>(high << 8 | low));
-    }
-    text.push_back(0);
-    const Units exact(text.begin(), text.end());
+    Units exact = FuzzInput(data + end, size - end).text(world.pieces[data[0] % 7], false);
+    exact.push_back(0);
     luCalendarTime time(luTimeZone::utc());
     const luPhysicalTime before = time.physicalTime();
     int position = -1;

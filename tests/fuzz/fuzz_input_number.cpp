@@ -1,15 +1,13 @@
-// Scans random texts with the number inputs of eight settings and reads what they write back.
-// Byte 0: settings (six locales, the classic one, the classic one with a decimal comma wish);
-// bytes 1-24: a double, a long and an unsigned long, bit for bit. The rest is the text: a byte
-// below 0xC0 picks a unit numbers are made of (digits of five scripts, signs, points, exponent
-// letters, blanks), any other byte and the two after it make one unit.
-// Checked: position within the text, a failed scan leaves the result alone, no NaN, IsInteger
-// and IsUnsignedInteger agree with the value; Format writes a text that reads whole to the value.
+// Scans random texts with the number inputs of eight settings (six locales, the classic one, the
+// classic one with a decimal comma wish) and reads back what they write of the value read and of
+// a random double, long and unsigned long. Checked: position within the text, a failed scan
+// leaves the result alone, no NaN, IsInteger and IsUnsignedInteger agree with the value; Format
+// writes a text that reads whole to the value.
 #include <cmath>
 #include <cstdint>
-#include <cstring>
 #include <limits>
 #include <memory>
+#include <type_traits>
 #include <vector>
 
 #include "fuzz_support.h"
@@ -19,37 +17,25 @@ using namespace FmtLib;
 
 namespace {
 
-using Units = std::vector<unsigned short>;  // zero-terminated, exactly sized for ASan
-const char16_t kUnits[] =
-    u"0123456789.,.,-+-+eEeE  \t\u00A0\u2212\u3000\u066B\u0660\u0661\u0669"
-    u"\u06F0\u06F5\u0966\u096F\uFF10\uFF19";  // every locale's signs, points and letters too
-constexpr unsigned kUnitCount = sizeof kUnits / sizeof kUnits[0] - 1;
+// Units numbers are made of, every locale's signs, points and letters among them.
+const std::vector<Units> kUnits = Split(
+    u"0|1|2|3|4|5|6|7|8|9|.|,|.|,|-|+|-|+|e|E|e|E| | |\t|\u00A0|\u2212|\u3000|\u066B|\u0660|"
+    u"\u0661|\u0669|\u06F0|\u06F5|\u0966|\u096F|\uFF10|\uFF19");
 
 struct World {
     std::unique_ptr<luInputNumber> inputs[8];
     World() {
         const char* const names[] = {"en_US", "de_DE", "ar_EG", "ja_JP", "fr_FR", "hi_IN"};
         for (int i = 0; i < 8; ++i) {
-            ilu_ptr<luPreferences> prefs;
-            Check(CreatePreferences(prefs) == 0 && prefs);
-            const unsigned char comma[] = ",";
-            if (i == 7) prefs->AddPreference("decimal_point", ucs2string(comma));
-            prefs->EndBuild();
-            ilu_ptr<luSettings> settings;
             const lu_locale locale = i < 6 ? lu_locale(names[i]) : lu_locale::classic();
-            Check(CreateSettings(locale, prefs, settings) == 0 && settings);
+            ilu_ptr<luSettings> settings =
+                i == 7 ? MakeSettings(locale, {{"decimal_point", ","}}) : MakeSettings(locale);
             luInputNumber* input = nullptr;
             Check(CreateInputNumber(settings, input) == 0 && input);
             inputs[i].reset(input);
         }
     }
 };
-
-Units Exact(const unsigned short* text) {
-    std::size_t length = 0;
-    while (text[length] != 0) ++length;
-    return Units(text, text + length + 1);
-}
 
 // Scans `text` and checks what every scan promises, and with `whole` that it reads one number to
 // the end; the value, or NaN when none was read.
@@ -68,22 +54,18 @@ double Scan(luInputNumber& input, const Units& text, bool whole = false) {
     return value;
 }
 
-// Formats `value` and reads the text back: to a value within 1e-14 of it, unless too extreme.
-void CheckDouble(luInputNumber& input, double value) {
+// Formats `value` and reads the text back: to a value within 1e-14 of it unless too extreme, an
+// integer of at most 15 digits to itself.
+template <class T>
+void CheckWritten(luInputNumber& input, T value) {
     Check(input.Format(value));
-    const double magnitude = std::fabs(value);
-    const bool normal = magnitude == 0 || (magnitude >= 1e-300 && magnitude <= 1e300);
+    const bool integral = std::is_integral<T>::value;
+    const double magnitude = std::fabs(static_cast<double>(value));
+    const bool normal =
+        integral ? magnitude < 1e15 : magnitude == 0 || (magnitude >= 1e-300 && magnitude <= 1e300);
     const double back = Scan(input, Exact(input.c_str()), normal);
-    Check(!normal || (value == 0 ? back == 0 : std::fabs(back - value) <= 1e-14 * magnitude));
-}
-
-// The same for integers: to the value itself when it has at most 15 digits.
-template <class Integer>
-void CheckInteger(luInputNumber& input, Integer value) {
-    Check(input.Format(value));
-    const bool fits = value > -1e15 && value < 1e15;
-    const double back = Scan(input, Exact(input.c_str()), fits);
-    Check(!fits || back == static_cast<double>(value));
+    Check(!normal ||
+          std::fabs(back - static_cast<double>(value)) <= (integral ? 0 : 1e-14) * magnitude);
 }
 
 }  // namespace
@@ -93,27 +75,16 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (size < kHeader) return 0;
     static World world;
     luInputNumber& input = *world.inputs[data[0] % 8];
-    double real;
-    long whole;
-    unsigned long natural;
-    std::memcpy(&real, data + 1, sizeof real);
-    std::memcpy(&whole, data + 1 + sizeof real, sizeof whole);
-    std::memcpy(&natural, data + 1 + sizeof real + sizeof whole, sizeof natural);
-    Units text;
-    for (std::size_t i = kHeader; i < size;) {
-        const unsigned b = data[i++];
-        unsigned short unit = kUnits[b % kUnitCount];
-        if (b >= 0xC0) {  // the two bytes after it make the unit
-            const unsigned high = i < size ? data[i++] : 0, low = i < size ? data[i++] : 0;
-            unit = static_cast<unsigned short>(high << 8 | low);
-        }
-        if (unit != 0) text.push_back(unit);
-    }
+    FuzzInput in(data + 1, size - 1);
+    const double real = in.bits<double>();
+    const long whole = in.bits<long>();
+    const unsigned long natural = in.bits<unsigned long>();
+    Units text = in.text(kUnits, false);
     text.push_back(0);
-    const double value = Scan(input, Units(text.begin(), text.end()));
-    if (!std::isnan(value)) CheckDouble(input, value);
-    CheckDouble(input, real);
-    CheckInteger(input, whole);
-    CheckInteger(input, natural);
+    const double value = Scan(input, text);
+    if (!std::isnan(value)) CheckWritten(input, value);
+    CheckWritten(input, real);
+    CheckWritten(input, whole);
+    CheckWritten(input, natural);
     return 0;
 }

@@ -1,10 +1,10 @@
-// Reads every type through lu_num_get from random UTF-16 text under random
-// punctuation: negative mode 0 to 4, separator, group sizes (0xFFFF among
-// them), decimal point, signs and exponent letter, with or without a character
-// facet, over a random range of the text. A read may raise only
-// LU_E_OUT_OF_RANGE (and only when the range ends at the string's end) or, for
-// an integer type other than bool, LU_E_SCAN_OVERFLOW; it returns an iterator
-// within the range, and the integer types agree with one another.
+// Reads every type through lu_num_get from random UTF-16 text under random punctuation: negative
+// mode 0 to 4, separator, group sizes (0xFFFF among them), decimal point, signs and exponent
+// letter, with or without a character facet, over a random range of the text. A read may raise only
+// LU_E_OUT_OF_RANGE (and only when the range ends at the string's end) or, for an integer type
+// other than bool, LU_E_SCAN_OVERFLOW; it returns an iterator within the range, and the integer
+// types agree with one another.
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
@@ -18,32 +18,14 @@
 
 namespace {
 
-class Input {
-  public:
-    Input(const std::uint8_t* data, std::size_t size) : m_data(data), m_size(size) {}
-    bool more() const { return m_pos < m_size; }
-    unsigned byte() { return m_pos < m_size ? m_data[m_pos++] : 0; }
-    unsigned short unit() { return static_cast<unsigned short>((byte() << 8) | byte()); }
+struct Input : FuzzInput {
+    using FuzzInput::FuzzInput;
     // One of `choices`, or any unit for the index past them.
     unsigned short pick(std::initializer_list<unsigned short> choices) {
         const unsigned index = byte() % (choices.size() + 1);
         return index < choices.size() ? choices.begin()[index] : unit();
     }
-
-  private:
-    const std::uint8_t* m_data;
-    std::size_t m_size;
-    std::size_t m_pos = 0;
 };
-
-// A unit from the text: mostly the characters numbers are made of.
-unsigned short TextUnit(Input& in) {
-    static const unsigned short common[] = {u'0', u'1', u'5', u'9', u'-', u'+',   u',',   u'.',
-                                            u' ', u'(', u')', u'e', u'E', 0x0660, 0x0969, 0};
-    const unsigned b = in.byte();
-    if (b < 0xC0) return common[b % (sizeof common / sizeof common[0])];
-    return in.unit();
-}
 
 struct Result {
     long code;
@@ -85,9 +67,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     grouping.push_back(0);
     unsigned short block[lu_numeric_punctuation::kBlockSize];
-    for (unsigned i = 0; i < lu_numeric_punctuation::kBlockSize; ++i) {
-        block[i] = lu_numeric_punctuation::kDefaultBlock[i];
-    }
+    std::copy_n(lu_numeric_punctuation::kDefaultBlock, lu_numeric_punctuation::kBlockSize, block);
     block[lu_numeric_punctuation::kNegativeSign] = in.pick({u'-', 0x2212, u'('});
     block[lu_numeric_punctuation::kPositiveSign] = in.pick({u'+', u'-'});
     block[lu_numeric_punctuation::kLowerExponent] = in.pick({u'e', u'E', 0x0665});
@@ -98,22 +78,22 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const ilu_const_ptr<lu_num_get> reader(new lu_num_get(punct.get(), ctype.get(), 0));
 
     // Text and range.
-    std::vector<unsigned short> units;
-    const unsigned first_pick = in.byte();
-    const unsigned last_pick = in.byte();
-    while (in.more() && units.size() < 256) units.push_back(TextUnit(in));
-    const ucs2string text(units.data(), static_cast<unsigned int>(units.size()));
+    const unsigned first_pick = in.byte(), last_pick = in.byte();
+    std::vector<Units> common = Split(u"0|1|5|9|-|+|,|.| |(|)|e|E|\u0660|\u0969");
+    common.push_back({0});  // mostly the units numbers are made of
+    Units units = in.text(common, true);
+    units.resize(std::min<std::size_t>(units.size(), 256));
+    const ucs2string text = Ucs2(units);
     const unsigned int length = text.length();
     const unsigned int first = first_pick % (length + 1);
     const unsigned int last = last_pick < 0x80 ? length : first + last_pick % (length - first + 1);
 
+    const auto read = [&](auto& value, bool mayOverflow) {
+        return ReadOne(*reader, text, first, last, value, mayOverflow);
+    };
     double d = 0;
-    Result r = ReadOne(*reader, text, first, last, d, false);
-    Check(r.code == 0 && !std::isnan(d));
     float f = 0;
-    r = ReadOne(*reader, text, first, last, f, false);
-    Check(r.code == 0 && !std::isnan(f));
-
+    Check(read(d, false).code == 0 && read(f, false).code == 0 && !std::isnan(d) && !std::isnan(f));
     unsigned short us = 0;
     unsigned int ui = 0;
     unsigned long ul = 0;
@@ -121,16 +101,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     int i = 0;
     long l = 0;
     bool b = false;
-    const Result rus = ReadOne(*reader, text, first, last, us, true);
-    const Result rui = ReadOne(*reader, text, first, last, ui, true);
-    const Result rul = ReadOne(*reader, text, first, last, ul, true);
-    const Result rs = ReadOne(*reader, text, first, last, s, true);
-    const Result ri = ReadOne(*reader, text, first, last, i, true);
-    const Result rl = ReadOne(*reader, text, first, last, l, true);
-    const Result rb = ReadOne(*reader, text, first, last, b, false);
+    const Result rus = read(us, true), rui = read(ui, true), rul = read(ul, true);
+    const Result rs = read(s, true), ri = read(i, true), rl = read(l, true), rb = read(b, false);
 
-    // One scanner under all of them: long reads as int, unsigned long as
-    // unsigned int, and the end is the same wherever no code came out.
+    // One scanner under all of them: long reads as int, unsigned long as unsigned int, and the end
+    // is the same wherever no code came out.
     Check(rl.code == ri.code && l == i && (ri.code != 0 || rl.end == ri.end));
     Check(rul.code == rui.code && ul == ui && (rui.code != 0 || rul.end == rui.end));
     Check(l >= -2147483647L - 1 && l <= 2147483647L && ul <= 4294967295UL);

@@ -1,16 +1,16 @@
-// Calendar-time values on the strict Gregorian and the lenient Velora
-// calendars: checked writes and their roll-back, handles, the clock and the
-// order in which the library's services come up. Instants are worked out with
-// timegm, independent of the engine.
+// Calendar-time values on the strict Gregorian and the lenient Velora calendars: field keys and
+// sets of field writes (their trace, how they reach a calendar), checked writes and their
+// roll-back, handles, the clock and the order in which the library's services come up. Instants
+// are worked out with timegm, independent of the engine.
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <ctime>
 #include <memory>
 #include <sstream>
 #include <string>
-#include <vector>
+#include <utility>
 
+#include "kai18n/calendar/gregorian_calendar.h"
 #include "kai18n/calendar/simple_time_zone.h"
 #include "kai18n/frame/init_exit.h"
 #include "kai18n/frame/timelib_exceptions.h"
@@ -24,17 +24,9 @@ using namespace TimeLib;
 using test_support::Str;
 
 // A zone of a fixed offset, made afresh on each make() as the library's handles do.
-class FixedZone : public luTimeZone {
-  public:
-    FixedZone(int offsetMillis, const char16_t* id) : m_offset(offsetMillis), m_id(Str(id)) {}
-    Impl* make() const override { return new SimpleTimeZone(m_offset, m_id); }
-
-  private:
-    int m_offset;
-    ucs2string m_id;
-};
-
-const FixedZone kTokyo(9 * 3600000, u"Tokyo+9");
+struct TokyoZone : luTimeZone {
+    Impl* make() const override { return new SimpleTimeZone(9 * 3600000, Str(u"Tokyo+9")); }
+} const kTokyo;
 
 // The instant of a UTC date and time, by the C library.
 luPhysicalTime Utc(int y, int mon, int d, int h = 0, int mi = 0, int s = 0, int ms = 0) {
@@ -46,9 +38,8 @@ luPhysicalTime Utc(int y, int mon, int d, int h = 0, int mi = 0, int s = 0, int 
 }
 
 std::string Ymd(const luCalendarTime& t) {
-    std::ostringstream out;
-    out << t.year() << '-' << t.month() + 1 << '-' << t.day_of_month() << ' ' << t.hour_of_day();
-    return out.str();
+    return std::to_string(t.year()) + '-' + std::to_string(t.month() + 1) + '-' +
+           std::to_string(t.day_of_month()) + ' ' + std::to_string(t.hour_of_day());
 }
 
 // The detail of the IncorrectData that `write` throws, or "" when it throws none.
@@ -60,6 +51,85 @@ std::string Refusal(Write write) {
         return error.detail();
     }
     return "";
+}
+
+std::string Text(const luFields& fields) {
+    std::ostringstream os;
+    fields.print(os);
+    return os.str();
+}
+
+TEST(FieldTest, KeysCarryTheEngineNumbersAndNamesAndCompareByNumber) {
+    // clang-format off
+    const struct { luField field; int number; const char* name; } keys[] = {
+        {Era, 0, "Era"}, {Year, 1, "Year"}, {Month, 2, "Month"}, {Week_of_year, 3, "Week_of_year"},
+        {Week_of_month, 4, "Week_of_month"}, {Day_of_month, 5, "Day_of_month"},
+        {Day_of_year, 6, "Day_of_year"}, {Day_of_week, 7, "Day_of_week"},
+        {Day_of_week_in_month, 8, "Day_of_week_in_month"}, {Am_pm, 9, "Am_pm"}, {Hour, 10, "Hour"},
+        {Hour_of_day, 11, "Hour_of_day"}, {Minute, 12, "Minute"}, {Second, 13, "Second"},
+        {Millisecond, 14, "Millisecond"}, {Year_woy, 17, "Year_woy"}, {Dow_local, 18, "Dow_local"}};
+    // clang-format on
+    const auto order = [](auto x, auto y) {  // each comparison operator as one bit
+        return (x == y) | (x != y) << 1 | (x < y) << 2 | (x <= y) << 3 | (x > y) << 4 |
+               (x >= y) << 5;
+    };
+    EXPECT_TRUE(Zone_offset.value() == 15 && Dst_offset.value() == 16);
+    for (const auto& a : keys) {
+        EXPECT_EQ(a.number, a.field.value()) << a.name;
+        EXPECT_EQ(a.name, testing::PrintToString(a.field));
+        for (const auto& b : keys)
+            EXPECT_EQ(order(a.number, b.number), order(a.field, b.field))
+                << a.name << " " << b.name;
+    }
+}
+
+TEST(FieldsTest, TraceListsOneWritePerFieldInFieldOrder) {
+    const std::string head = "luFields ()";
+    const std::pair<luFields, std::string> rows[] = {
+        {luFields(), head},
+        {luFields().set(Day_of_month, 29).set(Year, 2000).set(Month, 1),
+         head + "\n   .set (Year, 2000)\n   .set (Month, 1)\n   .set (Day_of_month, 29)"},
+        {luFields().set(Year, 2000).clear(Year), head + "\n   .clear (Year)"},
+        {luFields().clear(Year).set(Year, 2000), head + "\n   .set (Year, 2000)"},
+        {luFields().set(Dow_local, -3).clear(Era).set(Hour, 7).set(Hour, 8),
+         head + "\n   .clear (Era)\n   .set (Hour, 8)\n   .set (Dow_local, -3)"},
+    };
+    for (const auto& [fields, trace] : rows) EXPECT_EQ(trace, Text(fields));
+    luFields original = luFields().set(Minute, 5), copy(original), assigned;
+    assigned = original;
+    (original = static_cast<luFields&>(original)).clear(Second);
+    EXPECT_TRUE(Text(copy) == head + "\n   .set (Minute, 5)" && Text(assigned) == Text(copy));
+    EXPECT_EQ(Text(copy) + "\n   .clear (Second)", Text(original));
+}
+
+// Applied to a UTC calendar at 1 January 2001 with minute 30 and second 9 set; day 60 is 1 March.
+TEST(FieldsTest, ApplyingWritesInFieldOrderLetsTheHigherFieldWinAndClearsUnset) {
+    const auto apply = [](const luFields& fields) {
+        UErrorCode status = UErrorNone;
+        auto calendar =
+            std::make_unique<GregorianCalendar>(new SimpleTimeZone(0, ucs2string()), status);
+        calendar->clear();
+        calendar->set(Calendar::YEAR, 2001), calendar->set(Calendar::MINUTE, 30);
+        calendar->set(Calendar::SECOND, 9);
+        fields.applyTo(*calendar);
+        return calendar;
+    };
+    // clang-format off
+    const struct { luFields fields; Calendar::EDateFields read; int expected; } rows[] = {
+        {luFields().set(Hour_of_day, 15).set(Hour, 2).set(Am_pm, 0), Calendar::HOUR_OF_DAY, 15},
+        {luFields().set(Hour, 2).set(Am_pm, 0).set(Hour_of_day, 15), Calendar::HOUR_OF_DAY, 15},
+        {luFields().set(Day_of_year, 60).set(Month, 5).set(Day_of_month, 10), Calendar::MONTH, 2},
+        {luFields().set(Month, 5).set(Day_of_month, 10).set(Day_of_year, 60),
+         Calendar::DAY_OF_MONTH, 1},
+        {luFields().set(Month, 5).set(Day_of_month, 10).set(Year, 2002), Calendar::YEAR, 2002},
+        {luFields().clear(Minute), Calendar::MINUTE, 0}, {luFields(), Calendar::SECOND, 9}};
+    // clang-format on
+    UErrorCode status = UErrorNone;
+    for (const auto& row : rows)
+        EXPECT_EQ(row.expected, apply(row.fields)->get(row.read, status)) << Text(row.fields);
+    EXPECT_EQ(UErrorNone, status);
+    const auto cleared = apply(luFields().clear(Minute));
+    EXPECT_TRUE(!cleared->isSet(Calendar::MINUTE) && cleared->isSet(Calendar::SECOND));
 }
 
 // A strict calendar judges the fields written together; a refused write
@@ -199,20 +269,14 @@ TEST(ClockTest, LocalHostClockReadsUtcMilliseconds) {
 // Services come up in a fixed order, each dependency before its users, and
 // the format library after the time library that its date formats read.
 TEST(StartUpTest, ServicesCameUpInOrder) {
-    std::vector<std::string> firstStarts;
+    std::string firstStarts = " ";
     for (int i = 0; i < kaStartedServiceCount(); ++i) {
-        const std::string name = kaStartedService(i);
-        if (std::find(firstStarts.begin(), firstStarts.end(), name) == firstStarts.end())
-            firstStarts.push_back(name);
+        const std::string name = kaStartedService(i) + std::string(" ");
+        if (firstStarts.find(' ' + name) == std::string::npos) firstStarts += name;
     }
-    const std::vector<std::string> expected = {"PhysicalTimeInitExit",
-                                               "ICUTimeZoneInitExit",
-                                               "CalendarTimeInitExit",
-                                               "ClockInitExit",
-                                               "FmtLibInitExit",
-                                               "VeloraCalendarInitExit",
-                                               "PredefinedTimeZonesInitExit"};
-    EXPECT_EQ(firstStarts, expected);
+    EXPECT_EQ(firstStarts,
+              " PhysicalTimeInitExit ICUTimeZoneInitExit CalendarTimeInitExit ClockInitExit "
+              "FmtLibInitExit VeloraCalendarInitExit PredefinedTimeZonesInitExit ");
     EXPECT_EQ(kaStartedService(-1), nullptr);
     EXPECT_EQ(kaStartedService(kaStartedServiceCount()), nullptr);
     EXPECT_GE(CalendarTimeInitExit::count, 1);
