@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "fmtlib/number_test_support.h"
+#include "fmt_test_support.h"
 #include "kai18n/fmtlib/lu_date_format.h"
 #include "kai18n/frame/result_codes.h"
 #include "kai18n/timelib/lu_calendar_time.h"
@@ -39,12 +39,12 @@ std::string Render(luDateFormat& format, const When& w) {
     f.set(Era, w.era).set(Year, w.year).set(Month, w.month - 1).set(Day_of_month, w.day);
     f.set(Hour_of_day, w.hour).set(Minute, w.minute).set(Second, w.second);
     format.Format(luCalendarTime(f.set(Millisecond, w.millisecond), luTimeZone::utc()));
-    return Utf8(ucs2string(format.c_str()));
+    return Utf8(format.c_str());
 }
 
+// clang-format off
 const struct {
-    const char* locale;
-    const char* pattern;
+    const char *locale, *pattern;
     When when;
     const char* expected;
 } kRows[] = {
@@ -67,24 +67,14 @@ const struct {
     {"en_US", "T[y4]L[ ]T[y2]L[ ]T[era]L[ ]T[d]L[ ]T[amt]", kBc44, "0044 44 BC 15 Mar"},
     {"en_US", "T[zz]", kTue2024, "#FORMAT"},
     {"en_US", "T[Cr]L[x]T[Ads]T[FS]L[e]", kTue2024, "3/5/24"},  // a default replaces all
-    {"en_US", "T[Atf]", kSat1989, "12:05:09\u202FAM "},
-    {"de_DE", "T[Adts]", kTue2024, "05.03.24, 23:59"},
-    {"ja_JP", "T[Atf]", kSat1989, "0時05分09秒 "},
     {"ar_EG", "T[Adf]", kTue2024, "الثلاثاء، ٥ مارس ٢٠٢٤"},
-    {"hi_IN", "T[Ads]", kTue2024, "5/3/24"},
-    {"de_DE",
-     "T[dnc]L[, ]T[d]L[. ]T[mt]L[ ]T[y4]L[ ]T[era]L[ ]T[mtu]L[ ]T[adnu]L[ ]T[amtl]T[da]T[0d]",
-     kTue2024, "Dienstag, 5. März 2024 n. Chr. MÄRZ DI. märz.05"},
     {"ja_JP", "L[<]T[iyg]L[>]T[y4]T[era]", kBc44, "<>0044紀元前"},
     {"ja_JP", "T[y4]L[年]T[M]L[月]T[d]L[日]T[dn]L[ ]T[am]T[12]T[ts]T[0m]L[ ]T[era]", kSat1989,
      "1989年1月7日土曜日 午前12:05 西暦"},
-    {"ja_JP", "T[adn]T[amt]T[am]", kSun1989, "日1月午後"},
     {"ar_EG", "T[0d]T[da]T[0M]T[da]T[y4]L[ ]T[023]T[ts]T[0m]", kTue2024, "٠٥/٠٣/٢٠٢٤ ٢٣:٥٩"},
-    {"ar_EG", "T[dn]L[ ]T[mt]L[ ]T[am]L[ ]T[era]", kTue2024, "الثلاثاء مارس م م"},
     {"ar_EG", "T[jy2]L[ ]T[adn]L[ ]T[am]L[ ]T[0ms]", kSun1989, "٠١ الأحد م ٩٩٩"},
-    {"hi_IN", "T[dn]L[, ]T[d]L[ ]T[mt]L[ ]T[y4]", kTue2024, "मंगलवार, 5 मार्च 2024"},
-    {"hi_IN", "T[amt]L[ ]T[adn]L[ ]T[am]L[ ]T[amu]L[ ]T[era]", kSat1989, "जन॰ शनि am AM ईस्वी"},
 };
+// clang-format on
 
 TEST(DateFormatTest, RendersEachTokenByTheLocalesWordsAndDigits) {
     for (const auto& row : kRows) {
@@ -111,14 +101,14 @@ TEST(DateFormatTest, SectionsGiveColourAndErrorText) {
     EXPECT_EQ("2024!", Render(*format, kTue2024));
     EXPECT_EQ(3, format->Color());
     EXPECT_TRUE(format->FormatError());
-    EXPECT_EQ("no date", Utf8(ucs2string(format->c_str())));
+    EXPECT_EQ("no date", Utf8(format->c_str()));
     EXPECT_EQ(5, format->Color());
     EXPECT_EQ("2024!", Render(*format, kTue2024));
     auto plain = Make("en_US", "L[x]T[Cw]L[y]");
     EXPECT_EQ("xy", Render(*plain, kTue2024));
     EXPECT_EQ(2, plain->Color());
     plain->FormatError();
-    EXPECT_EQ("", Utf8(ucs2string(plain->c_str())));
+    EXPECT_EQ("", Utf8(plain->c_str()));
     EXPECT_EQ(0, plain->Color());
 }
 
@@ -144,10 +134,10 @@ TEST(DateFormatTest, Factories) {
         EXPECT_EQ(named == STANDARD ? "#FORMAT" : "Saturday, January 7, 1989",
                   Render(*owned, kSat1989));
         owned->FormatError();
-        EXPECT_EQ("", Utf8(ucs2string(owned->c_str())));
+        EXPECT_EQ("", Utf8(owned->c_str()));
     }
     auto* const untouched = reinterpret_cast<luDateFormat*>(&settings);
-    for (int value : {-1, 15, 19, 25, 1000}) {
+    for (int value : {-1, 15, 19, 25}) {
         format = untouched;
         EXPECT_EQ(LU_E_FAIL,
                   CreateDefaultDateFormat(settings, fmtLibDefaultFormats(value), format));

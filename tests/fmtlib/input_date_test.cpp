@@ -7,7 +7,7 @@
 #include <random>
 #include <string>
 
-#include "fmtlib/number_test_support.h"
+#include "fmt_test_support.h"
 #include "kai18n/fmtlib/lu_input_date.h"
 #include "kai18n/frame/result_codes.h"
 #include "kai18n/timelib/lu_calendar_time.h"
@@ -45,8 +45,7 @@ const char kBase[] = "2001-02-03 04:05:06";  // what a failed scan leaves
 
 TEST(InputDateTest, ReadsTokenByTokenAndLeavesTheRestToTheCaller) {
     const struct {
-        const char* locale;
-        const char* pattern;
+        const char *locale, *pattern;
         int pivot;
         const char* text;
         bool ok;
@@ -128,22 +127,20 @@ TEST(InputDateTest, PatternsItCannotReadAreRefused) {
 // What Format writes, Scan reads back to the same fields: the locales' own
 // input formats and patterns with names, eras and two-digit years.
 TEST(InputDateTest, ScanOfFormatGivesTheDateBack) {
+    // clang-format off
     const struct {
-        const char* locale;
-        const char* pattern;
-        int pivot;
-        int firstYear;
+        const char *locale, *pattern;
+        int pivot, firstYear;
         bool hasTime;
     } cases[] = {
-        {"en_US", "T[Adti]", 2000, 1000, true},
-        {"de_DE", "T[Adti]", 2000, 1000, true},
-        {"ar_EG", "T[Adti]", 2000, 1000, true},
-        {"ja_JP", "T[Adti]", 2000, 1000, true},
+        {"en_US", "T[Adti]", 2000, 1000, true}, {"de_DE", "T[Adti]", 2000, 1000, true},
+        {"ar_EG", "T[Adti]", 2000, 1000, true}, {"ja_JP", "T[Adti]", 2000, 1000, true},
         {"de_DE", "T[dn]L[, ]T[d]L[. ]T[mt]L[ ]T[y4]L[ ]T[023]T[ts]T[0m]T[ts]T[0s]", 2000, 1000,
          true},
         {"en_US", "T[adnc]L[ ]T[amtu]L[ ]T[0d]L[ ]T[y2]", 2050, 1951, false},
         {"ja_JP", "T[iy2]L[\u5E74]T[M]L[\u6708]T[d]L[\u65E5]", 2000, 1990, false},
     };
+    // clang-format on
     std::mt19937 random(1124);
     for (const auto& c : cases) {
         SCOPED_TRACE(std::string(c.locale) + " " + c.pattern);
