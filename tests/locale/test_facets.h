@@ -1,5 +1,4 @@
-// Small facet classes for tests of the locale mechanism: each records its own
-// destruction, so that a test can see which count released it.
+// Facet classes for tests of the locale mechanism, each recording its destruction.
 #ifndef KAI18N_TESTS_LOCALE_TEST_FACETS_H
 #define KAI18N_TESTS_LOCALE_TEST_FACETS_H
 
@@ -11,8 +10,7 @@ namespace test_facets {
 template <int Tag>
 class Probe : public lu_locale::facet {
   public:
-    static lu_locale::id id;
-
+    static inline lu_locale::id id;
     explicit Probe(bool* destroyed = nullptr) : lu_locale::facet(0), m_destroyed(destroyed) {}
 
   protected:
@@ -23,9 +21,6 @@ class Probe : public lu_locale::facet {
   private:
     bool* m_destroyed;
 };
-
-template <int Tag>
-lu_locale::id Probe<Tag>::id;
 
 }  // namespace test_facets
 

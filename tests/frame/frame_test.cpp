@@ -1,5 +1,4 @@
-#include "kai18n/frame/ka_compact_array.h"
-
+// The compact table, result codes, LUException and the encoding exception translator.
 #include <gtest/gtest.h>
 
 #include <array>
@@ -8,10 +7,14 @@
 #include <new>
 #include <random>
 #include <sstream>
+#include <stdexcept>
 #include <tuple>
 #include <vector>
 
+#include "frame/encoding_exception_translator.h"
+#include "kai18n/frame/ka_compact_array.h"
 #include "kai18n/frame/result_codes.h"
+#include "platform/encoding/encoding_exceptions.h"
 #include "test_support.h"
 
 using test_support::ThrownCode;
@@ -55,8 +58,7 @@ struct Inspectable : kaCompactArray<T> {
 };
 
 // Seed 0: zeros but for blocks 3 and 7, equal; block 5, unlike them in its last value only;
-// block 9, starting with the second half of block 3, off the block grid. Others: stretches of
-// one value, of noise over a small alphabet (so blocks coincide) or all of T, and patterns.
+// block 9, from the middle of block 3. Others: runs of one value, of noise or of patterns.
 template <class T>
 std::vector<T> TestValues(std::uint32_t seed) {
     std::vector<T> values(kKeys);
@@ -100,9 +102,8 @@ struct KaCompactArrayTest : ::testing::Test {
 using ElementTypes = ::testing::Types<unsigned short, unsigned int>;
 TYPED_TEST_SUITE(KaCompactArrayTest, ElementTypes);
 
-// Compact keeps every value and gives one 128-value slot to each distinct block, in order of
-// first appearance, and a second Compact changes nothing; each form of SetAt expands and stores
-// exactly its keys, but first > last does nothing, not even the expansion.
+// Compact keeps every value and gives each distinct block one slot, in order of appearance;
+// SetAt expands and stores exactly its keys, but first > last does nothing at all.
 TYPED_TEST(KaCompactArrayTest, CompactSharesOnlyIdenticalBlocksAndSetAtExpands) {
     const std::pair<unsigned short, unsigned short> ranges[] = {
         {1000, 1000}, {0xFFFF, 0xFFFF}, {100, 300}, {0xFF80, 0xFFFF}, {0, 0}, {10, 0}, {0, 0xFFFF}};
@@ -127,24 +128,33 @@ TYPED_TEST(KaCompactArrayTest, CompactSharesOnlyIdenticalBlocksAndSetAtExpands) 
         table.SetAt(first, last, TypeParam(first + 3));
         for (unsigned int k = first; k <= last; ++k) model[k] = TypeParam(first + 3);
         EXPECT_EQ(table.m_compact, first > last);
+        // Copies are deep, of compact and expanded tables; self-assignment does nothing.
+        Inspectable<TypeParam> copy(table), target(TypeParam(8));
+        target = table;
         table.Expand();
         EXPECT_TRUE(table.IsExpanded() && table.Values() == model);
+        EXPECT_TRUE(copy.m_data != table.m_data && target.m_data != copy.m_data &&
+                    copy.Values() == model && target.Values() == model);
+        const TypeParam* expanded = table.m_data;
+        table = static_cast<Inspectable<TypeParam>&>(table);
+        target = table;
+        EXPECT_TRUE(table.m_data == expanded && target.IsExpanded() && target.Values() == model);
     }
 }
 
 TYPED_TEST(KaCompactArrayTest, TableOnConstantStorageNeverWritesIt) {
-    std::vector<TypeParam> expected(kKeys);
-    for (unsigned int k = 0; k < kKeys; ++k) expected[k] = TypeParam(k / 128 % 2 * 1000 + k % 128);
     Inspectable<TypeParam> table(TestFixture::Storage());
-    const Inspectable<TypeParam> duplicate(table);
-    EXPECT_TRUE(table.m_compact && !table.m_owns && table.Values() == expected);
-    EXPECT_TRUE(duplicate.m_owns && duplicate.m_data != TestFixture::kConstant.data.data() &&
-                duplicate.Values() == expected);
+    EXPECT_TRUE(table.m_compact && !table.m_owns && table.GetAt(129) == 1001);
     table.SetAt(5, TypeParam(77));
-    expected[5] = TypeParam(77);
-    EXPECT_TRUE(table.IsExpanded() && table.Values() == expected);
+    EXPECT_TRUE(table.IsExpanded() && table.GetAt(5) == 77 && table.GetAt(0xFFFF) == 1127);
     EXPECT_TRUE(TestFixture::kConstant.index == ConstantArrays<TypeParam>().index &&
                 TestFixture::kConstant.data == ConstantArrays<TypeParam>().data);
+    // Trace: lower-case digits and one "0x", whatever the caller's flags, which come back.
+    std::ostringstream out, address;
+    table.Trace(out << std::uppercase << std::showbase);
+    out << 255;
+    address << "(0x" << std::hex << reinterpret_cast<std::uintptr_t>(&table) << ")\n255";
+    EXPECT_EQ(out.str(), address.str());
 }
 
 // Rejected arrays stay the caller's, who releases them: under AddressSanitizer a release by
@@ -163,41 +173,11 @@ TYPED_TEST(KaCompactArrayTest, AdoptingConstructorChecksBeforeTakingOwnership) {
             EXPECT_TRUE(table.m_compact && table.m_owns && table.GetAt(300 * 128) == 11);
             continue;
         }
-        // A structured binding cannot be captured before C++20: copy it.
-        const unsigned int indexCount = count;
-        EXPECT_EQ(ThrownCode([&] { Inspectable<TypeParam>(index, indexCount, data, 200); }),
+        EXPECT_EQ(ThrownCode([&, n = count] { Inspectable<TypeParam>(index, n, data, 200); }),
                   LU_E_OUT_OF_RANGE);
         delete[] index;
         delete[] data;
     }
-}
-
-TYPED_TEST(KaCompactArrayTest, CopiesAreDeep) {
-    const std::vector<TypeParam> expected = TestValues<TypeParam>(5);
-    auto compact = Inspectable<TypeParam>::FromValues(expected);
-    compact.Compact();
-    Inspectable<TypeParam> copy(compact), target(TypeParam(8));
-    EXPECT_EQ(target.Values(), std::vector<TypeParam>(kKeys, 8));
-    target = compact;
-    for (const auto* t : {&copy, &target})
-        EXPECT_TRUE(t->m_compact && t->m_dataCount == compact.m_dataCount &&
-                    t->m_data != compact.m_data && t->m_index != compact.m_index);
-    copy.SetAt(7, TypeParam(1234));
-    compact = copy;
-    EXPECT_TRUE(compact.IsExpanded() && compact.GetAt(7) == TypeParam(1234));
-    const TypeParam* data = target.m_data;
-    target = static_cast<Inspectable<TypeParam>&>(target);  // does nothing
-    EXPECT_TRUE(target.m_data == data && target.Values() == expected);
-}
-
-// Lower-case digits and one "0x", whatever the caller's flags, which come back.
-TYPED_TEST(KaCompactArrayTest, TraceWritesTheAddressOnly) {
-    const Inspectable<TypeParam> table;
-    std::ostringstream out, expected;
-    table.Trace(out << std::uppercase << std::showbase);
-    out << 255;
-    expected << "(0x" << std::hex << reinterpret_cast<std::uintptr_t>(&table) << ")\n255";
-    EXPECT_EQ(out.str(), expected.str());
 }
 
 TYPED_TEST(KaCompactArrayTest, OutOfMemoryLeavesTablesUsable) {
@@ -228,5 +208,56 @@ TYPED_TEST(KaCompactArrayTest, OutOfMemoryLeavesTablesUsable) {
         EXPECT_EQ(t->Values(), std::vector<TypeParam>(kKeys, 0));
     }
 }
+
+// The codes keep their 32-bit meaning in a 64-bit long; the scan overflow is the mask
+// added to success. Without a message, what() gives the text of the code.
+TEST(LUExceptionTest, CodesMessagesAndTexts) {
+    EXPECT_TRUE(LU_E_OUT_OF_RANGE == -2147217112L && LU_S_NO_MATCH == 0x00041121L);
+    EXPECT_TRUE(kaFailed(LU_E_FAIL) && !kaFailed(LU_S_SUCCESS));
+    EXPECT_EQ(kaResultCode(static_cast<std::uint32_t>(LU_S_OK) + LU_SCAN_OVERFLOW_MASK),
+              LU_E_SCAN_OVERFLOW);
+    LUException error(LU_E_OUT_OF_RANGE);
+    EXPECT_STREQ(error.what(), "position or index out of range");
+    EXPECT_EQ(std::string(LUException(-5).what()) + LUException(5).what(),
+              "unknown failureunknown success");
+    error.SetMessage("first");
+    error.SetMessage(nullptr);  // leaves it
+    EXPECT_STREQ(static_cast<const std::exception&>(error).what(), "first");
+}
+
+// The code and message of the LUException the translator throws, or another's text.
+template <class E>
+std::pair<long, std::string> Translated(const E& thrown) {
+    try {
+        try {
+            throw thrown;
+        } catch (...) {
+            kaTranslateEncodingException();
+        }
+    } catch (const LUException& error) {
+        return {error.GetResult(), error.GetMessage()};
+    } catch (const std::exception& error) {
+        return {0, error.what()};
+    }
+    return {-1, "nothing"};
+}
+
+// clang-format off
+TEST(EncodingExceptionTranslatorTest, EachTypeGetsItsCodeAndMessageAndOthersPass) {
+    const std::pair<std::pair<long, std::string>, std::pair<long, std::string>> cases[] = {
+        {Translated(InvalidOutputEncoding("x")), {LU_E_ENCODING, "Invalid ouput encoding"}},
+        {Translated(TextEncodingID::Malformed("x")), {LU_E_ENCODING, "Malformed encoding variation"}},
+        {Translated(TextEncodingID::TooManyVariations("x")), {LU_E_ENCODING, "Too many encoding variations"}},
+        {Translated(EncodingVariationID::Malformed("x")), {LU_E_ENCODING, "Malformed encoding variation"}},
+        {Translated(EncodingVariationID::TooManyVariations("x")), {LU_E_ENCODING, "Too many encoding variations"}},
+        {Translated(EncodingNotLoaded("x")), {LU_E_ENCODING, "Encoding not loaded"}},
+        {Translated(UnicodeLibraryException("x")), {LU_E_ENCODING, "Unicode library error"}},
+        {Translated(bt_out_of_range("x")), {LU_E_OUT_OF_RANGE, "Unicode library error"}},
+        {Translated(bt_exception("x")), {LU_E_ENCODING, "Unicode library error"}},
+        {Translated(std::length_error("kept")), {0, "kept"}},
+    };
+    for (const auto& [translated, expected] : cases) EXPECT_EQ(translated, expected);
+}
+// clang-format on
 
 }  // namespace
