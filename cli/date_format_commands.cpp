@@ -29,18 +29,6 @@ namespace {
 using namespace FmtLib;
 using namespace TimeLib;
 
-// The zone handle of an identifier, the host's zone for none; null, with the
-// identifier named on stderr, for a stranger.
-const luTimeZone* ZoneNamed(const std::string& id) {
-    if (id.empty()) return &luTimeZone::localHost();
-    try {
-        return &PredefinedTimeZones::timeBelt().availableTimeZone(FromUtf8(id));
-    } catch (const UnknownTimeZone&) {
-        std::cerr << "kai18n format-date: unknown zone '" << id << "' (see kai18n zones)\n";
-        return nullptr;
-    }
-}
-
 std::unique_ptr<luDateFormat> MakeDateFormat(ilu_ptr<luSettings>& settings, luFmtPattern& pattern) {
     luDateFormat* format = nullptr;
     const long result = CreateDateFormat(settings, &pattern, format);
@@ -58,7 +46,7 @@ int FormatDateCommand(int argc, char** argv) {
         std::cerr << "kai18n format-date: expects a pattern\n";
         return 2;
     }
-    const luTimeZone* zone = ZoneNamed(options.zone);
+    const luTimeZone* zone = ZoneNamed("format-date", options.zone, luTimeZone::localHost());
     if (zone == nullptr) return 1;
     const lu_locale locale(options.locale.c_str());
     auto pattern = ReadPattern(*MakeStringFormat(options, locale), options.rest[0]);

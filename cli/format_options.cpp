@@ -6,8 +6,10 @@
 #include <sstream>
 
 #include "kai18n/fmtlib/lu_preferences.h"
+#include "kai18n/frame/timelib_exceptions.h"
 #include "kai18n/locale/lu_locale_ident.h"
 #include "kai18n/platform/kalib.h"
+#include "kai18n/timelib/predefined_time_zones.h"
 
 using namespace FmtLib;
 
@@ -118,4 +120,15 @@ ilu_ptr<luSettings> MakeSettings(const lu_locale& locale) {
     if (CreateSettings(locale, preferences, settings) < 0 || !settings)
         LUException::Raise(LU_E_FAIL);
     return settings;
+}
+
+const TimeLib::luTimeZone* ZoneNamed(const char* command, const std::string& id,
+                                     const TimeLib::luTimeZone& fallback) {
+    if (id.empty()) return &fallback;
+    try {
+        return &TimeLib::PredefinedTimeZones::timeBelt().availableTimeZone(FromUtf8(id));
+    } catch (const TimeLib::UnknownTimeZone&) {
+        std::cerr << "kai18n " << command << ": unknown zone '" << id << "' (see kai18n zones)\n";
+        return nullptr;
+    }
 }

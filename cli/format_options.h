@@ -11,6 +11,7 @@
 #include "kai18n/fmtlib/lu_settings.h"
 #include "kai18n/fmtlib/lu_string_format.h"
 #include "kai18n/locale/lu_locale.h"
+#include "kai18n/timelib/lu_time_zone.h"
 
 extern const char* const kColourNames[16];
 
@@ -41,6 +42,11 @@ std::unique_ptr<FmtLib::luFmtPattern> ReadPattern(FmtLib::luStringFormat& format
 
 /// The pattern in the library's canonical (Serial) notation.
 std::string Canonical(const FmtLib::luFmtPattern& pattern);
+
+/// The zone handle of a predefined identifier, `fallback` for none; null,
+/// with the identifier named on stderr under `command`, for a stranger.
+const TimeLib::luTimeZone* ZoneNamed(const char* command, const std::string& id,
+                                     const TimeLib::luTimeZone& fallback);
 
 /// Settings of the locale with default preferences; LUException on failure.
 ilu_ptr<FmtLib::luSettings> MakeSettings(const lu_locale& locale);

@@ -159,18 +159,6 @@ std::unique_ptr<luInputNumber> MakeNumberInput(ilu_ptr<luSettings>& settings) {
     return std::unique_ptr<luInputNumber>(input);
 }
 
-// The zone handle of an identifier, UTC for none; null, with the identifier
-// named on stderr, for a stranger.
-const luTimeZone* ZoneNamed(const std::string& id) {
-    if (id.empty()) return &luTimeZone::utc();
-    try {
-        return &PredefinedTimeZones::timeBelt().availableTimeZone(FromUtf8(id));
-    } catch (const UnknownTimeZone&) {
-        std::cerr << "kai18n parse-date: unknown zone '" << id << "' (see kai18n zones)\n";
-        return nullptr;
-    }
-}
-
 // The date input for the pattern text; null, with the pattern named on
 // stderr, when the text is no pattern or one that date input cannot read by
 // (milliseconds, eras, zones, ...). Failures of the library itself throw.
@@ -265,7 +253,7 @@ int ParseDateCommand(int argc, char** argv) {
         std::cerr << "kai18n parse-date: expects a pattern and at least one text\n";
         return 2;
     }
-    const luTimeZone* zone = ZoneNamed(options.zone);
+    const luTimeZone* zone = ZoneNamed("parse-date", options.zone, luTimeZone::utc());
     if (zone == nullptr) return 1;
     const lu_locale locale(options.locale.c_str());
     ilu_ptr<luSettings> settings = MakeSettings(locale);

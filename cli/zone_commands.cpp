@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "format_options.h"
 #include "kai18n/frame/timelib_exceptions.h"
 #include "kai18n/strings/lu_utf8string.h"
 #include "kai18n/strings/ucs2string.h"
@@ -135,16 +136,8 @@ int TimeCommand(int argc, char** argv) {
                   << "' is not an instant (seconds since 1970, or YYYY-MM-DDTHH:MM:SSZ)\n";
         return 1;
     }
-    const luTimeZone* zone = &luTimeZone::localHost();
-    if (!zoneId.empty()) {
-        try {
-            zone = &PredefinedTimeZones::timeBelt().availableTimeZone(
-                ucs2string(lu_utf8string(zoneId.c_str())));
-        } catch (const UnknownTimeZone&) {
-            std::cerr << "kai18n time: unknown zone '" << zoneId << "' (see kai18n zones)\n";
-            return 1;
-        }
-    }
+    const luTimeZone* zone = ZoneNamed("time", zoneId, luTimeZone::localHost());
+    if (zone == nullptr) return 1;
     try {
         Show(luCalendarTime(when, *zone), when);
     } catch (const LUTimeLibException& error) {
