@@ -74,12 +74,18 @@ TEST(FmtPatternTest, TokensEnterAsCopiesAndEditingKeepsPositionsRight) {
     EXPECT_NE((*pattern)[0], (*copy)[0]);  // deep: distinct token objects
 
     std::unique_ptr<luToken> seconds(luToken::MakeToken(TokSecond00));
-    EXPECT_EQ(pattern->begin() + 3, pattern->insert(pattern->end(), seconds.get()));
-    EXPECT_EQ(pattern->begin(), pattern->insert(pattern->begin(), seconds.get()));
+    // Each edit is made before its result is compared: the order in which a
+    // comparison's two sides are evaluated is unspecified.
+    auto at = pattern->insert(pattern->end(), seconds.get());
+    EXPECT_EQ(pattern->begin() + 3, at);
+    at = pattern->insert(pattern->begin(), seconds.get());
+    EXPECT_EQ(pattern->begin(), at);
     EXPECT_EQ((TokenList{{34, 1, 1, 22, 34}, {"kg", "xy"}}), Tokens(*pattern));
-    EXPECT_EQ(pattern->end(), pattern->erase(pattern->end() - 1));
+    at = pattern->erase(pattern->end() - 1);
+    EXPECT_EQ(pattern->end(), at);
     EXPECT_TRUE((*pattern->erase(pattern->begin()))->IsLiteral());  // now the next token's place
-    EXPECT_EQ(pattern->begin() + 1, pattern->erase(pattern->begin() + 1, pattern->begin() + 2));
+    at = pattern->erase(pattern->begin() + 1, pattern->begin() + 2);
+    EXPECT_EQ(pattern->begin() + 1, at);
     EXPECT_EQ((TokenList{{1, 22}, {"kg"}}), Tokens(*pattern));
 
     // Assignment copies between patterns of one kind only; otherwise the
