@@ -1,18 +1,11 @@
-// Drives a Gregorian calendar through random operations over a random simple time zone (any
-// constructor and setter, whatever status they report): fields, amounts, instants (NaN,
-// infinities and huge values among them), leniency, week data, the cutover and the zone change at
-// random; nothing may crash or trip a sanitizer. Checked: after setTime(t) with t a whole number of
-// milliseconds within 1e14 of 1970 and a good status, getTime gives t back; in a zone without
-// daylight time, with the default cutover and t not within a day of it, the era, year, month, day,
-// hour of the day, minute, second and millisecond read back lie within their ranges and, written
-// into a cleared lenient calendar on the same zone, give t again. A clone of the calendar or of its
-// zone is equivalent and, when its time can be computed, equal (unless a NaN cutover or time is
-// unequal to itself). The factory makes a calendar only on a good status.
-#include <cmath>
-#include <cstdint>
-#include <limits>
-#include <memory>
-
+// Random operations on a Gregorian calendar over a random simple time zone (any constructor and
+// setter, whatever status they report), instants from NaN and infinities to huge values: nothing
+// may crash or trip a sanitizer. After setTime(t) with a good status, t whole and within 1e14 ms
+// of 1970, getTime gives t; in a zone without daylight time, with the default cutover and t not
+// within a day of it, era, year, month, day, hour of the day, minute, second and millisecond lie
+// in range and give t again in a cleared lenient calendar on the zone. A clone of the calendar or
+// zone is equivalent and, when its time can be computed (and neither cutover nor time is NaN),
+// equal. The factory makes a calendar only on a good status.
 #include "fuzz_support.h"
 #include "kai18n/calendar/gregorian_calendar.h"
 #include "kai18n/calendar/simple_time_zone.h"
@@ -24,17 +17,13 @@ using Greg = GregorianCalendar;
 using STZ = SimpleTimeZone;
 using i32 = std::int32_t;
 constexpr double kDay = 86400000.0, kWholeLimit = 1e14, kCut = Greg::kPapalCutover;
-constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-constexpr double kInf = std::numeric_limits<double>::infinity();
-constexpr double kMax = std::numeric_limits<double>::max();
-
 // clang-format off
 const i32 kNotable[] = {0, 1, -1, 2, 7, 11, 12, 13, -12, -13, 28, 29, 30, 31, 32, 52, 53, 59, 60,
     99, 100, 365, 366, 367, 999, 1000, 1582, 1583, 1969, 1970, 140742, 144683, 144684, 3600000,
     -3600000, 43200000, 86399999, 86400000, 86400001, -43200000, 50400000, -86400000, INT32_MAX,
     INT32_MIN, INT32_MAX - 1, INT32_MIN + 1, 1073741823, -1073741824};
-const double kSpecial[] = {kNaN, kInf, 0.0, kMax, std::numeric_limits<double>::min(),
-    std::numeric_limits<double>::denorm_min(), 4503599627370495.0, 4503599627370496.0,
+const double kEdges[] = {Limits::quiet_NaN(), Limits::infinity(), 0.0, Limits::max(),
+    Limits::min(), Limits::denorm_min(), 4503599627370495.0, 4503599627370496.0,
     9007199254740993.0, 1e300, 1e20, 1e15, kWholeLimit, 1073741824.0 * kDay,
     1073741824.0 * kDay - 1, 185542587187199999.0, 185542587187200000.0, kCut, kCut - 1,
     -62135596800000.0 /* 0001-01-01 */, -62135596800001.0};  // and their negatives
@@ -54,7 +43,6 @@ struct Input : FuzzInput {
         if (kind == 5) return i32(byte());
         return static_cast<i32>(u32());
     }
-    // A whole number of milliseconds within kWholeLimit of 1970.
     double WholeMillis() {
         const auto limit = static_cast<std::int64_t>(kWholeLimit);
         return double(static_cast<std::int64_t>(u64() % std::uint64_t(2 * limit + 1)) - limit);
@@ -72,14 +60,13 @@ struct Input : FuzzInput {
             return midnight + hours * 3600000.0 + (double(byte() % 5) - 2);
         }
         if (kind == 5)
-            return (Bool() ? 1 : -1) * kSpecial[byte() % (sizeof kSpecial / sizeof kSpecial[0])];
+            return (Bool() ? 1 : -1) * kEdges[byte() % (sizeof kEdges / sizeof kEdges[0])];
         if (kind == 6) return bits<double>();
         if (kind == 7) return WholeMillis() + double(byte() + 1) / 257.0;
         if (kind == 8) return double(std::int64_t(u64() % (1ULL << 54)) - (1LL << 53));
         const double days = double(Int()) * kDay;
         return days + double(Int());
     }
-    // Reads a byte into `b` and tells whether it is below `limit`.
     bool Below(unsigned limit) { return (b = byte()) < limit; }
     // Mostly the nineteen fields, sometimes another value the enumeration holds (to 31); 0 (no
     // weekday) and 3 (no mode) now and then. Rule fields: mostly plausible, sometimes anything.
@@ -130,7 +117,7 @@ STZ* MakeZone(Input& in) {
     UErrorCode status = UErrorNone;  // any outcome will do
     const unsigned kind = in.byte() % 8;
     const i32 raw = in.RawOffset(), savings = in.Savings();
-    const Rule s = ReadRule(in), e = ReadRule(in);
+    Rule s = ReadRule(in), e = ReadRule(in);
     using i8 = std::int8_t;
     const auto minutes = [](i32 ms) { return static_cast<std::uint16_t>(ms / 60000); };
     // clang-format off
@@ -138,21 +125,19 @@ STZ* MakeZone(Input& in) {
         minutes(s.time), i8(s.mode == 3 ? in.Int() : s.mode), i8(e.month), i8(e.day),
         i8(e.dayOfWeek), minutes(e.time), i8(e.mode == 3 ? in.Int() : e.mode)};
     // clang-format on
-    const bool southern = in.Bool();  // plausible daylight rules of both hemispheres, kind 7
-    STZ* const zone = kind == 2   ? new STZ(raw, id, s.month, s.day, s.dayOfWeek, s.time, e.month,
-                                            e.day, e.dayOfWeek, e.time, status)
-                      : kind == 3 ? new STZ(raw, id, s.month, s.day, s.dayOfWeek, s.time, e.month,
-                                            e.day, e.dayOfWeek, e.time, savings, status)
-                      : kind == 4
-                          ? new STZ(raw, id, s.month, s.day, s.dayOfWeek, s.time, s.mode, e.month,
-                                    e.day, e.dayOfWeek, e.time, e.mode, savings, status)
-                      : kind == 5             ? new STZ(StandardZone{raw}, id)
-                      : kind == 6             ? new STZ(record, id)
-                      : kind == 7 && southern ? new STZ(raw, id, 9, 1, -1, 7200000, s.mode, 3, 1,
-                                                        -1, 10800000, s.mode, savings, status)
-                      : kind == 7 ? new STZ(raw, id, 2, -1, 1, 3600000, s.mode, 9, -1, 1, 3600000,
-                                            s.mode, savings, status)
-                                  : new STZ(raw, id);
+    const bool southern = in.Bool();  // kind 7: plausible daylight rules of both hemispheres
+    if (kind == 7)
+        e = southern ? Rule{3, 1, -1, 10800000, s.mode} : Rule{9, -1, 1, 3600000, s.mode};
+    if (kind == 7) s = southern ? Rule{9, 1, -1, 7200000, s.mode} : Rule{2, -1, 1, 3600000, s.mode};
+    const auto make = [&](auto... a) { return new STZ(raw, id, s.month, s.day, a..., status); };
+    STZ* const zone = kind == 2 ? make(s.dayOfWeek, s.time, e.month, e.day, e.dayOfWeek, e.time)
+                      : kind == 3
+                          ? make(s.dayOfWeek, s.time, e.month, e.day, e.dayOfWeek, e.time, savings)
+                      : kind == 4 || kind == 7 ? make(s.dayOfWeek, s.time, s.mode, e.month, e.day,
+                                                      e.dayOfWeek, e.time, e.mode, savings)
+                      : kind == 5              ? new STZ(StandardZone{raw}, id)
+                      : kind == 6              ? new STZ(record, id)
+                                               : new STZ(raw, id);
     for (unsigned setters = in.byte() % 4; setters > 0; --setters) {
         const unsigned which = in.byte() % 6;
         UErrorCode savingsStatus = UErrorNone;
@@ -165,19 +150,14 @@ STZ* MakeZone(Input& in) {
     return zone;
 }
 
-// Keeps a result alive, so that the call that made it is not optimised away.
-volatile double g_sink;
-const auto Keep = [](double value) { g_sink = value; };
-
 // The invariants after setTime(t) with a good status.
 void CheckInstant(Greg& calendar, double t) {
     if (!(std::floor(t) == t && std::fabs(t) <= kWholeLimit)) return;
     UErrorCode status = UErrorNone;
     Check(calendar.getTime(status) == t && U_SUCCESS(status));
     const TimeZone& zone = calendar.getTimeZone();
-    const double local = t + zone.getRawOffset();
     if (zone.useDaylightTime() || calendar.getGregorianChange() != kCut ||
-        std::fabs(t - kCut) <= kDay || std::fabs(local - kCut) <= kDay)
+        std::fabs(t - kCut) <= kDay || std::fabs(t + zone.getRawOffset() - kCut) <= kDay)
         return;  // with daylight time, wall times may be doubled or skipped
     // Each field read back lies in its range and, written into a fresh calendar, gives t again.
     const Cal::EDateFields kRead[] = {Cal::ERA,         Cal::YEAR,   Cal::MONTH,  Cal::DAY_OF_MONTH,
@@ -194,7 +174,6 @@ void CheckInstant(Greg& calendar, double t) {
     }
     Check(fresh.getTime(status) == t && U_SUCCESS(status));
 }
-
 void SetInstant(Greg& calendar, double t, bool failing, bool inMillis) {
     UErrorCode status = failing ? UErrorIllegalArgument : UErrorNone;
     inMillis ? calendar.setTimeInMillis(t, status) : calendar.setTime(t, status);
@@ -218,8 +197,7 @@ void ReadAll(const Cal& calendar, UErrorCode status) {
         sum += calendar.get(Cal::EDateFields(i), own);
         if (i < Cal::kFieldCount) sum += calendar.isSet(Cal::EDateFields(i));
     }
-    const double t = calendar.getTime(status) + calendar.getTimeInMillis(status);
-    Keep(static_cast<double>(sum) + t);
+    g_sink = double(sum) + calendar.getTime(status) + calendar.getTimeInMillis(status);
 }
 
 // The zone itself, by each offset form, with any arguments; a clone of it is equal.
@@ -230,14 +208,14 @@ void AskZone(const TimeZone& zone, const TimeZone& other, Input& in, UErrorCode 
     const std::uint8_t dayOfWeek = std::uint8_t(in.byte() % 9);
     const i32 millis = in.RuleTime(), length = in.byte() % 5 + 27, previous = in.Int();
     UErrorCode own[] = {status, status, status};
-    std::int64_t sum = zone.getOffset(era, year, month, day, dayOfWeek, millis);
-    sum += zone.getOffset(era, year, month, day, dayOfWeek, millis, own[0]);
-    sum += zone.getOffset(era, year, month, day, dayOfWeek, millis, length, own[1]);
-    sum += static_cast<const STZ&>(zone).getOffset(era, year, month, day, dayOfWeek, millis, length,
-                                                   previous, own[2]);
+    const auto ask = [&](const auto& z, auto... rest) {
+        return z.getOffset(era, year, month, day, dayOfWeek, millis, rest...);
+    };
+    g_sink = double(ask(zone)) + ask(zone, own[0]) + ask(zone, length, own[1]) +
+             ask(static_cast<const STZ&>(zone), length, previous, own[2]);
     const std::unique_ptr<TimeZone> copy(zone.clone());
     Check(*copy == zone && copy->hasSameRules(zone));
-    Keep(static_cast<double>(sum) + (zone == other) + zone.hasSameRules(other));
+    g_sink = double(zone == other) + zone.hasSameRules(other);
 }
 
 }  // namespace
@@ -250,7 +228,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     SetInstant(*calendar, in.Instant(), false, false);  // not the current time
     const std::unique_ptr<Greg> other(new Greg(*calendar));
     SetInstant(*other, in.Instant(), false, true);
-
     for (int step = 0; step < 48 && in.more(); ++step) {
         const unsigned code = in.byte(), op = code % 28;
         const bool failing = (code & 0xE0) == 0xE0;  // 1 in 8: a status that already fails
@@ -277,24 +254,19 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         if (op == 14) cal.setGregorianChange(in.Instant(), status);
         if (op == 15) ReadAll(cal, status);
         if (op == 16) {
-            std::int64_t sum = 0;
-            for (i32 limit :
-                 {cal.getActualMinimum(field), cal.getActualMaximum(field), cal.getMinimum(field),
-                  cal.getMaximum(field), cal.getGreatestMinimum(field), cal.getLeastMaximum(field)})
-                sum += limit;
-            if (in.byte() < 0x40) {  // the walks of the base: YEAR runs through some 4000
-                UErrorCode own = status;
-                const Cal& base = cal;
-                sum += base.getActualMinimum(field, own);
-                sum += base.getActualMaximum(field, own);
-            }
-            Keep(double(sum));
+            g_sink = double(cal.getActualMinimum(field)) + cal.getActualMaximum(field) +
+                     cal.getMinimum(field) + cal.getMaximum(field) + cal.getGreatestMinimum(field) +
+                     cal.getLeastMaximum(field);
+            UErrorCode own = status;
+            const Cal& base = cal;  // the walks of the base: YEAR runs through some 4000
+            if (in.byte() < 0x40)
+                g_sink =
+                    double(base.getActualMinimum(field, own)) + base.getActualMaximum(field, own);
         }
         if (op == 17) {
-            // A walk of at most a few hundred steps from the current time. A day-based step that
-            // crosses into daylight time is shortened by the saving: with a saving near a day,
-            // each such step moves a millisecond or so and the walk takes millions of them.
-            // Savings up to a quarter of a day keep it short.
+            // A walk of a few hundred steps from now. A day-based step into daylight time is
+            // shortened by the saving: with one near a day, each moves a millisecond or so and the
+            // walk takes millions. Savings up to a quarter of a day keep it short.
             const double steps =
                 double(in.byte() % 201) * (in.Bool() ? 1 : -1) + double(in.byte()) / 256.0;
             const STZ& zone = static_cast<const STZ&>(cal.getTimeZone());
@@ -302,7 +274,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             const double now = cal.getTime(own);
             if (U_SUCCESS(own) &&
                 (!zone.useDaylightTime() || std::fabs(zone.getDSTSavings()) <= kDay / 4))
-                Keep(cal.fieldDifference(now + steps * StepOf(field), field, status));
+                g_sink = cal.fieldDifference(now + steps * StepOf(field), field, status);
         }
         if (op == 18) {
             const std::unique_ptr<Cal> copy(cal.clone());
@@ -314,36 +286,32 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                 if (U_SUCCESS(own) && t == t) Check(*copy == cal && !(*copy != cal));
             }
             if (in.Bool()) copy->add(field, in.Int(), status);
-            Keep((*copy == cal) || (cal == *other) || cal.equivalentTo(*other));
+            g_sink = (*copy == cal) || (cal == *other) || cal.equivalentTo(*other);
         }
-        if (op == 19) {
-            Greg& self = cal;
-            field % 3 == 0   ? void(*other = cal)
-            : field % 3 == 1 ? void(cal = *other)
-                             : void(cal = self);
-        }
+        if (op == 19)
+            field % 3 == 0 ? void(*other = cal) : void(cal = field % 3 == 1 ? *other : *calendar);
         if (op == 20) {
-            Keep(cal.inDaylightTime(status));
+            g_sink = cal.inDaylightTime(status);
             UErrorCode own = failing ? UErrorIllegalArgument : UErrorNone;
-            Keep(cal.getTimeZone().inDaylightTime(in.Instant(), own));
+            g_sink = cal.getTimeZone().inDaylightTime(in.Instant(), own);
         }
         if (op == 21) cal.adoptTimeZone(MakeZone(in));
         if (op == 22) cal.setTimeZone(*std::unique_ptr<STZ>(MakeZone(in)));
         if (op == 23) cal.adoptTimeZone(nullptr);
         if (op == 24)
-            Keep(cal.equals(*other, status) || cal.before(*other, status) ||
-                 cal.after(*other, status) || cal.equals(cal, status) || cal.before(cal, status) ||
-                 cal.after(cal, status));
+            g_sink = cal.equals(*other, status) || cal.before(*other, status) ||
+                     cal.after(*other, status) || cal.equals(cal, status) ||
+                     cal.before(cal, status) || cal.after(cal, status);
         if (op == 25)
-            Keep(double(cal.getEpochDay(status)) + cal.isLeapYear(in.Int()) +
-                 cal.getFirstDayOfWeek() + cal.getMinimalDaysInFirstWeek() + cal.isLenient());
+            g_sink = double(cal.getEpochDay(status)) + cal.isLeapYear(in.Int()) +
+                     cal.getFirstDayOfWeek() + cal.getMinimalDaysInFirstWeek() + cal.isLenient();
         if (op == 26) AskZone(cal.getTimeZone(), other->getTimeZone(), in, status);
         if (op == 27) {  // the factory, adopting or cloning, with a good or failing status
             const std::unique_ptr<Cal> made(field % 2
                                                 ? Cal::createInstance(MakeZone(in), status)
                                                 : Cal::createInstance(cal.getTimeZone(), status));
             Check(made == nullptr || (!failing && U_SUCCESS(status)));
-            if (made) made->setTime(in.Instant(), status), Keep(*made == cal);
+            if (made) made->setTime(in.Instant(), status), g_sink = *made == cal;
         }
     }
     return 0;

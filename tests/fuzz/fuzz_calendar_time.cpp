@@ -1,14 +1,7 @@
-// Calendar-time values on a zone named by random bytes (a predefined identifier most of the time,
-// a stranger sometimes) and on either calendar, driven by random checked writes and reads. A
-// stranger must throw UnknownTimeZone; every write either passes or throws IncorrectData and
-// leaves the value's instant as it was; field reads never fail, and the actual limits fail only
-// with InternalError. No other exception may come out.
-#include <cmath>
-#include <cstddef>
-#include <cstdint>
-#include <string>
-#include <vector>
-
+// Calendar-time values on a zone named by random bytes (mostly a predefined identifier) and on
+// either calendar, driven by random checked writes and reads. A stranger zone must throw
+// UnknownTimeZone; a write passes or throws IncorrectData and leaves the instant as it was; field
+// reads never fail, actual limits only with InternalError. No other exception may come out.
 #include "fuzz_support.h"
 #include "kai18n/frame/timelib_exceptions.h"
 #include "kai18n/timelib/lu_calendar_time.h"
@@ -23,16 +16,12 @@ const luField* const kFields[] = {&Era, &Year, &Month, &Week_of_year, &Week_of_m
     &Day_of_month, &Day_of_year, &Day_of_week, &Day_of_week_in_month, &Am_pm, &Hour, &Hour_of_day,
     &Minute, &Second, &Millisecond, &Year_woy, &Dow_local};
 // clang-format on
-constexpr int kFieldCount = sizeof kFields / sizeof kFields[0];
 
-struct Input : FuzzInput {
-    using FuzzInput::FuzzInput;
-    // Small amounts most of the time, any 32-bit value now and then.
-    int amount() {
-        const unsigned kind = byte();
-        return kind < 200 ? static_cast<int>(kind % 64) - 32 : static_cast<std::int32_t>(u32());
-    }
-};
+// Small amounts most of the time, any 32-bit value now and then.
+int Amount(FuzzInput& in) {
+    const unsigned kind = in.byte();
+    return kind < 200 ? static_cast<int>(kind % 64) - 32 : static_cast<std::int32_t>(in.u32());
+}
 
 // About one step of `field`, in days (a negative count: milliseconds).
 luDuration StepOf(const luField& field) {
@@ -43,17 +32,17 @@ luDuration StepOf(const luField& field) {
 }
 
 // One random write, which passes or throws IncorrectData.
-void Write(luCalendarTime& t, Input& in) {
-    const luField& field = *kFields[in.byte() % kFieldCount];
+void Write(luCalendarTime& t, FuzzInput& in) {
+    const luField& field = *kFields[in.byte() % std::size(kFields)];
     const unsigned kind = in.byte() % 8;
-    if (kind == 0) t.set(field, in.amount());
-    if (kind == 1) t.add(field, in.amount());
-    if (kind == 2) t.roll(field, in.amount());
+    if (kind == 0) t.set(field, Amount(in));
+    if (kind == 1) t.add(field, Amount(in));
+    if (kind == 2) t.roll(field, Amount(in));
     if (kind == 3) t.clear(field);
     if (kind == 4) {
         luFields fields;
         for (int n = in.byte() % 4; n >= 0; --n)
-            fields.set(*kFields[in.byte() % kFieldCount], in.amount());
+            fields.set(*kFields[in.byte() % std::size(kFields)], Amount(in));
         in.byte() % 2 == 0 ? void(t.set(fields)) : void(t.reset(fields));
     }
     if (kind == 5) {
@@ -68,16 +57,16 @@ void Write(luCalendarTime& t, Input& in) {
     if (kind == 7) t.physicalTime() = t.physicalTime();
 }
 
-// Every field of a value left by checked writes reads. The actual limits are found by walking a
-// clone through the values; near the ends of the time range the walk can step outside it, and the
-// read then throws InternalError. The walk takes some ten thousand steps for the two year fields,
-// which are therefore left out.
+// Every field of a value left by checked writes reads. The actual limits walk a clone through the
+// values, which near the ends of the time range can step outside it (InternalError), and which
+// takes some ten thousand steps for the two year fields, which are therefore left out.
 void ReadAll(const luCalendarTime& t, const luField& limited) {
-    volatile long sum = t.zone_offset() + t.dst_offset();
-    for (const luField* field : kFields) sum = sum + t.get(*field);
+    long sum = t.zone_offset() + t.dst_offset();
+    for (const luField* field : kFields) sum += t.get(*field);
+    g_sink = double(sum);
     if (&limited == &Year || &limited == &Year_woy) return;
     try {
-        sum = sum + t.minimum(limited) + t.maximum(limited);
+        g_sink = double(t.minimum(limited)) + t.maximum(limited);
     } catch (const InternalError&) {
     }
 }
@@ -89,7 +78,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static const VeloraCalendarInitExit velora;
     static const PredefinedTimeZonesInitExit predefined;
     static const std::vector<ucs2string> ids = PredefinedTimeZones::timeBelt().availableIDs();
-    Input in(data, size);
+    FuzzInput in(data, size);
     ucs2string id = in.byte() < 240 ? ids[in.unit() % ids.size()] : ucs2string();
     for (int n = id.empty() ? in.byte() % 24 : 0; n > 0; --n)
         id += static_cast<unsigned short>(in.byte());
@@ -100,10 +89,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         Check(error.zoneId() == id);
         return 0;
     }
-    const luCalendar& calendar = in.byte() % 2 == 0
-                                     ? static_cast<const luCalendar&>(luCalendar::gregorian())
-                                     : luVeloraCalendar::calendar();
-    luCalendarTime t(*zone, calendar);
+    luCalendarTime t(*zone, in.byte() % 2 == 0
+                                ? static_cast<const luCalendar&>(luCalendar::gregorian())
+                                : luVeloraCalendar::calendar());
     for (int step = 0; step < 32 && in.more(); ++step) {
         const luPhysicalTime before = t.physicalTime();
         try {
@@ -113,7 +101,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             Check(after == before ||
                   (std::isnan((after - luPhysicalTime::Epoch) / luDuration::Millisecond)));
         }
-        ReadAll(t, *kFields[in.byte() % kFieldCount]);
+        ReadAll(t, *kFields[in.byte() % std::size(kFields)]);
     }
     return 0;
 }

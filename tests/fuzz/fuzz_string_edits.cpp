@@ -1,17 +1,10 @@
-// Runs a program of edits, read from the input, on a ucs2string and a lu_utf8string beside
-// std::u16string and std::string models. Positions are taken modulo a little more than the
-// length, so that out-of-range positions are tried too; those must throw LU_E_OUT_OF_RANGE and
-// change nothing.
-#include <algorithm>
-#include <cstddef>
-#include <cstdint>
-#include <string>
+// A program of edits, read from the input, on a ucs2string and a lu_utf8string beside models in
+// std::u16string and std::string. Positions reach a little past the length: out of range, an
+// edit must throw LU_E_OUT_OF_RANGE and change nothing.
 #include <type_traits>
 
 #include "fuzz_support.h"
-#include "kai18n/frame/result_codes.h"
 #include "kai18n/strings/lu_utf8string.h"
-#include "kai18n/strings/ucs2string.h"
 
 // The string holds exactly the model's units and is zero-terminated.
 template <class String, class Model>
@@ -19,7 +12,7 @@ void Compare(const String& s, const Model& model) {
     using Unit = std::make_unsigned_t<typename Model::value_type>;
     Check(std::equal(s.data(), s.data() + s.length(), model.begin(), model.end(),
                      [](auto unit, auto expected) { return unit == Unit(expected); }) &&
-          s.c_str()[s.length()] == 0);
+          Terminated(s));
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -36,34 +29,28 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         for (char16_t& unit : text) unit = static_cast<char16_t>(in.unit() | 1);  // no zero units
         const ucs2string source(reinterpret_cast<const unsigned short*>(text.data()),
                                 static_cast<unsigned int>(text.size()));
-        const bool outOfRange = pos > wideModel.size();
-        if (op == 0) {
-            Check(ThrowsOnly(LU_E_OUT_OF_RANGE, [&] { wide.replace(pos, n, source); }) ==
-                  outOfRange);
-            if (!outOfRange) wideModel.replace(pos, n, text);
-        } else if (op == 1) {
-            Check(ThrowsOnly(LU_E_OUT_OF_RANGE, [&] { wide.insert(pos, wide); }) == outOfRange);
-            if (!outOfRange) wideModel.insert(pos, std::u16string(wideModel));
-        } else if (op == 2) {
-            Check(ThrowsOnly(LU_E_OUT_OF_RANGE, [&] { wide.erase(pos, n); }) == outOfRange);
-            if (!outOfRange) wideModel.erase(pos, n);
-        } else if (op == 3) {
-            wide.resize(pos, u'#');
-            wideModel.resize(pos, u'#');
-        } else if (op == 4) {
+        // An edit at `at` of a string `length` long throws exactly when out of range.
+        const auto edit = [](unsigned at, std::size_t length, auto&& action) {
+            Check(ThrowsOnly(LU_E_OUT_OF_RANGE, action) == (at > length));
+            return at <= length;
+        };
+        if (op == 0 && edit(pos, wideModel.size(), [&] { wide.replace(pos, n, source); }))
+            wideModel.replace(pos, n, text);
+        if (op == 1 && edit(pos, wideModel.size(), [&] { wide.insert(pos, wide); }))
+            wideModel.insert(pos, std::u16string(wideModel));
+        if (op == 2 && edit(pos, wideModel.size(), [&] { wide.erase(pos, n); }))
+            wideModel.erase(pos, n);
+        if (op == 3) wide.resize(pos, u'#'), wideModel.resize(pos, u'#');
+        if (op == 4) {
             // UTF-16 into the UTF-8 string, then back: well-formed BMP text round-trips.
             const auto bytePos = static_cast<unsigned int>(in.byte() % (narrowModel.size() + 3));
             const lu_utf8string encoded(source);
-            const bool narrowOutOfRange = bytePos > narrowModel.size();
-            Check(ThrowsOnly(LU_E_OUT_OF_RANGE, [&] { narrow.replace(bytePos, n, source); }) ==
-                  narrowOutOfRange);
-            if (!narrowOutOfRange)
+            if (edit(bytePos, narrowModel.size(), [&] { narrow.replace(bytePos, n, source); }))
                 narrowModel.replace(bytePos, n, reinterpret_cast<const char*>(encoded.c_str()),
                                     encoded.length());
-        } else if (op == 5) {
-            narrow.append(narrow);
-            narrowModel += std::string(narrowModel);
-        } else {
+        }
+        if (op == 5) narrow.append(narrow), narrowModel += std::string(narrowModel);
+        if (op == 6) {
             wide.assign(narrow);
             ThrowsOnly(LU_E_INVALID_ARG, [&] { Check(ucs2string(narrow) == wide); });
             wideModel.assign(wide.data(), wide.data() + wide.length());

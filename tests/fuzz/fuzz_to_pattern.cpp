@@ -1,27 +1,19 @@
-// Reads arbitrary UTF-16 text with the string formats of every dialect and checks how what it
-// reads prints and reads again. Byte 0 chooses the format: modulo 6 the dialect and kind (Ombrin,
-// Velora, Serial; numbers, dates), the rest a language or Velora code (Japanese and Korean among
-// them, whose escape character is "!") and, for Velora numbers, whether "%" is the percent token.
-// The rest is the text, two bytes (big-endian) a UTF-16 unit, zeros and lone surrogates included.
-//
-// Checked, after ToPattern returned 0 and a pattern of the format's kind:
-//  - Serial: the printed text reads back as an equal pattern (same token values, same literal
-//    texts): the canonical notation is unambiguous, and reading never makes an empty literal.
+// Reads arbitrary UTF-16 text (from byte 2, big-endian, zeros and lone surrogates included) with
+// the string formats of every dialect and checks how what it reads prints and reads again. Byte 0
+// picks the format: modulo 6 the dialect and kind, the rest a language or Velora code (Japanese
+// and Korean use "!" to escape) and, for Velora numbers, whether "%" is the percent token; byte 1
+// the boolean words of the Excel writers. Checked, for the pattern read, which is of the kind:
+//  - Serial: the printed text reads back as an equal pattern (same tokens, same literal texts).
 //  - Ombrin and Velora: the printed text T is a fixed point, print(parse(T)) == T; the patterns
-//    may differ (two one-digit minutes print "mm", which reads as one two-digit minute). An
-//    Ombrin pattern with two tokens side by side need only reach a fixed point on the second
-//    round (see below), one with a literal of apostrophes only not at all.
-//  - Every dialect: the pattern printed in the canonical notation of its kind reads back as the
-//    same pattern.
-#include <algorithm>
-#include <cstddef>
-#include <cstdint>
-#include <memory>
-#include <vector>
-
+//    may differ ("mm" of two one-digit minutes reads as one two-digit minute). For the Ombrin
+//    exceptions see below.
+//  - Every dialect: the canonical notation of its kind carries the pattern unchanged.
+//  - Excel strings: the writers never read, the other kind writes nothing, the pattern's kind
+//    appends a bounded text in which quotation marks pair up and, outside them, a backslash
+//    always escapes a unit.
 #include "fuzz_support.h"
+#include "kai18n/fmtlib/lu_excel_string_format.h"
 #include "kai18n/fmtlib/lu_fmt_pattern.h"
-#include "kai18n/fmtlib/lu_string_format.h"
 
 using namespace FmtLib;
 
@@ -29,19 +21,28 @@ namespace {
 
 enum Dialect { kOmbrinNumber, kOmbrinDate, kVeloraNumber, kVeloraDate, kSerialNumber, kSerialDate };
 
-// Ombrin languages: English definitions everywhere, colour names and the escape character by
-// language. Velora code, language and country: letters by code, separators and number
-// punctuation by language and country.
+// Ombrin: colour names and the escape character by language. Velora code, language and country:
+// letters by code, separators and number punctuation by language and country.
 const char* const kOmbrin[] = {"en", "ja", "fr", "de", "ko", "ru", "cs", "sv"};
 const char* const kVelora[][3] = {{"EN", "en", "US"}, {"FR", "fr", "FR"}, {"GE", "de", "DE"},
                                   {"JP", "ja", "JP"}, {"RU", "ru", "RU"}, {"IT", "it", "IT"},
                                   {"BR", "hu", "HU"}, {"KR", "fr", "CH"}};
+const char* const kWords[][2] = {
+    {"true", "false"}, {"\"", "a\"\"b"}, {"", "x"}, {"\"yes\"", "n\"o"}};
 
-// The string formats, made once: each holds a locale of its own. By dialect, then by the rest of
-// the first byte.
+// The string formats, made once, each with a locale of its own: by dialect, then by the rest of
+// byte 0. The Excel writers by words, then number and date.
 struct Formats {
     std::vector<std::unique_ptr<luStringFormat>> byDialect[6];
+    std::unique_ptr<luStringFormat> excel[4][2];
     Formats() {
+        for (int i = 0; i < 4; ++i) {
+            ilu_ptr<luSettings> settings = MakeSettings(
+                lu_locale::classic(), {{"true_word", kWords[i][0]}, {"false_word", kWords[i][1]}});
+            excel[i][0].reset(CreateExcelSerialStringFormatNumber(settings));
+            excel[i][1].reset(CreateExcelSerialStringFormatDate(settings));
+            Check(excel[i][0] && excel[i][1]);
+        }
         for (unsigned i = 0; i < 16; ++i) {
             const char* const* v = kVelora[i % 8];
             byDialect[kOmbrinNumber].emplace_back(
@@ -59,26 +60,18 @@ struct Formats {
 using Pattern = std::unique_ptr<luFmtPattern>;
 
 Pattern Parse(luStringFormat& format, const ucs2string& text, bool isDate) {
-    luFmtPattern* pattern = nullptr;
-    Check(format.ToPattern(text, pattern) == 0 && pattern != nullptr);
+    Pattern pattern = Read(format, text);
     Check(pattern->IsDate() == isDate);
-    return Pattern(pattern);
+    return pattern;
 }
-
 ucs2string Print(luStringFormat& format, const luFmtPattern& pattern) {
     ucs2string text;
     Check(format.FromPattern(pattern, text));
     return text;
 }
-
-bool Same(const unsigned short* a, unsigned int aLength, const unsigned short* b,
-          unsigned int bLength) {
+bool Same(const unsigned short* a, unsigned aLength, const unsigned short* b, unsigned bLength) {
     return std::equal(a, a + aLength, b, b + bLength);
 }
-bool SameText(const ucs2string& a, const ucs2string& b) {
-    return Same(a.data(), a.length(), b.data(), b.length());
-}
-
 bool SamePattern(const luFmtPattern& a, const luFmtPattern& b) {
     if (a.IsDate() != b.IsDate() || a.size() != b.size()) return false;
     for (int i = 0; i < static_cast<int>(a.size()); ++i) {
@@ -91,17 +84,14 @@ bool SamePattern(const luFmtPattern& a, const luFmtPattern& b) {
     return true;
 }
 
-// Whether two tokens other than literals stand side by side.
 bool HasAdjacentTokens(const luFmtPattern& pattern) {
     for (int i = 1; i < static_cast<int>(pattern.size()); ++i)
         if (!pattern[i - 1]->IsLiteral() && !pattern[i]->IsLiteral()) return true;
     return false;
 }
-
-// Whether a literal of two or more units is apostrophes only. The Ombrin printer quotes it with
-// each apostrophe doubled, "" for two, but a reader takes a doubled apostrophe ahead of any quote
-// as one apostrophe on its own, so the text reads as one apostrophe more, on every round. The
-// dialect's quoting rules make it so; such a pattern is left out of the fixed-point check.
+// A literal of two or more apostrophes prints quoted with each doubled, "" for two, but a doubled
+// apostrophe ahead of any quote reads as one apostrophe, so every round adds one: by the Ombrin
+// quoting rules such a pattern has no fixed point.
 bool HasApostrophesOnlyLiteral(const luFmtPattern& pattern) {
     for (const luToken* token : pattern) {
         const unsigned short* text = token->LiteralText();
@@ -115,7 +105,7 @@ bool HasApostrophesOnlyLiteral(const luFmtPattern& pattern) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    if (size < 1) return 0;
+    if (size < 2) return 0;
     static const Formats formats;
     const unsigned dialect = data[0] % 6, rest = data[0] / 6;
     const std::vector<std::unique_ptr<luStringFormat>>& choices = formats.byDialect[dialect];
@@ -123,31 +113,49 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Check(format != nullptr);
     const bool isDate = dialect % 2 == 1, ombrin = dialect <= kOmbrinDate;
     luStringFormat& serial = *formats.byDialect[isDate ? kSerialDate : kSerialNumber][0];
-
+    const auto sameText = [](const ucs2string& a, const ucs2string& b) {
+        return Same(a.data(), a.length(), b.data(), b.length());
+    };
     Units units;
-    for (std::size_t i = 1; i + 1 < size; i += 2)
-        units.push_back(static_cast<unsigned short>((data[i] << 8) | data[i + 1]));
+    for (std::size_t i = 2; i + 1 < size; i += 2) units.push_back(data[i] << 8 | data[i + 1]);
     const Pattern pattern = Parse(*format, Ucs2(units), isDate);
     const ucs2string printed = Print(*format, *pattern);
     const Pattern reread = Parse(*format, printed, isDate);
-
     if (dialect >= kSerialNumber) {
         Check(SamePattern(*pattern, *reread));
     } else if (const ucs2string reprinted = Print(*format, *reread);
                ombrin && HasApostrophesOnlyLiteral(*pattern)) {
         // Not a fixed point by the dialect's rules: see HasApostrophesOnlyLiteral.
     } else if (!ombrin || !HasAdjacentTokens(*pattern)) {
-        Check(SameText(printed, reprinted));
+        Check(sameText(printed, reprinted));
     } else {
-        // Ombrin also reads every token by its label, so two tokens can stand side by side where
-        // the longest match would have cut the text elsewhere. They print as their texts joined,
-        // which reads as other tokens and may leave a rest that is no token: "<japanese imperial
-        // year 0><year 00>" prints "jyyy", which reads as "jyy" and a literal "y", printed
-        // "jyy'y'". No text reads as such a pattern, so there only the second round is held to
-        // be a fixed point.
-        Check(SameText(reprinted, Print(*format, *Parse(*format, reprinted, isDate))));
+        // Ombrin also reads tokens by label, so two can stand side by side where the longest match
+        // cuts the joined text otherwise: "<japanese imperial year 0><year 00>" prints "jyyy",
+        // read as "jyy" and a literal "y", printed "jyy'y'". Only the second round is fixed.
+        Check(sameText(reprinted, Print(*format, *Parse(*format, reprinted, isDate))));
     }
-    // The canonical notation of the same kind carries the pattern unchanged.
     Check(SamePattern(*pattern, *Parse(serial, Print(serial, *pattern), isDate)));
+    const unsigned words = data[1] % 4;  // the Excel writers
+    luStringFormat& excel = *formats.excel[words][isDate];
+    luFmtPattern* none = CreateNumberFmtPattern();
+    Check(excel.ToPattern(Ascii("0"), none) == LU_E_FAIL && none == nullptr);
+    ucs2string text = Ascii("#");
+    Check(formats.excel[words][!isDate]->FromPattern(*pattern, text) && text.length() == 1);
+    Check(excel.FromPattern(*pattern, text));
+    // Sections at most tripled; a literal unit takes at most four units, a token nine and the
+    // quoted boolean words; a named default format, short in the classic locale, at most 256.
+    const std::size_t word = std::max(std::strlen(kWords[words][0]), std::strlen(kWords[words][1]));
+    std::size_t bound = 256;
+    for (const luToken* token : *pattern)
+        bound += token->IsLiteral() ? 4 * token->LiteralLength() + 2 : 11 + 4 * word;
+    Check(text.length() - 1 <= 3 * bound);
+    bool quoted = false;
+    for (unsigned int i = 1; i < text.length(); ++i) {
+        if (text.data()[i] == u'"')
+            quoted = !quoted;
+        else if (!quoted && text.data()[i] == u'\\')
+            Check(++i < text.length());
+    }
+    Check(!quoted);
     return 0;
 }
