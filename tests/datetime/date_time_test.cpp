@@ -228,28 +228,19 @@ TEST(DateTimePrintTest, OverloadsTraceAndStreamOutput) {
     EXPECT_EQ(LU_E_NO_FACET, ThrownCode([&] { kMarch5.Print(out, date.data(), none); }));
     EXPECT_EQ(LU_E_STRING_TOO_LONG, ThrownCode([&] { kMarch5.Print(out, wide.data(), classic); }));
     EXPECT_EQ(LU_E_STRING_TOO_LONG, ThrownCode([&] { kMarch5.Print(text, wide.data(), classic); }));
-    EXPECT_EQ(u"<03/05/04", U(out.c_str()));
-    EXPECT_EQ(u"<03/05/04", test_support::U16(text));
-    std::ostringstream trace, null_trace, streamed;
+    EXPECT_TRUE(U(out.c_str()) == u"<03/05/04" && test_support::U16(text) == u"<03/05/04");
+    std::ostringstream trace, streamed;
     kMarch5.Trace(trace);
-    DT(nullptr).Trace(null_trace);
+    DT(nullptr).Trace(trace);
     streamed << DT(nullptr) << '|' << kMarch5;
-    EXPECT_EQ("2004/ 3/ 5  9: 7: 3.0250 (53069.379899)", trace.str());
-    EXPECT_EQ("Null date/time\n", null_trace.str());
+    EXPECT_EQ("2004/ 3/ 5  9: 7: 3.0250 (53069.379899)Null date/time\n", trace.str());
     EXPECT_EQ("Null datetime|Fri Mar  5 09:07:03 2004", streamed.str());
 }
 
+// The words and the default formats come from the locale's facet.
 TEST(DateTimePrintTest, CatalogLocalesPrintTheirOwnWords) {
-    EXPECT_EQ(u"M\u00E4rz", U(lu_use_facet<lu_ctime>(lu_locale("de_DE")).GetNameOfMonth(3)));
-    for (const char* name : {"de_DE", "ja_JP", "ar_EG"}) {
-        const lu_locale locale(name);
-        const lu_ctime& t = lu_use_facet<lu_ctime>(locale);
-        const std::u16string date = Print(kMarch5, U(t.GetDefaultDateFormat()), locale);
-        EXPECT_EQ(U(t.GetNameOfDay(4)) + u" 05. " + U(t.GetNameOfMonth(3)) + u" 2004|" +
-                      U(t.GetShortNameOfDay(4)) + u"|" + U(t.GetShortNameOfMonth(3)) + u"|" +
-                      U(t.GetAmPm(0)) + u"|" + U(t.FindEra(2004, nullptr)) + u"|" + date + u" " +
-                      Print(kMarch5, U(t.GetDefaultTimeFormat()), locale) + u"|" + date,
-                  Print(kMarch5, u"%A %d. %B %Y|%a|%b|%p|%P|%c|%x", locale))
-            << name;
-    }
+    EXPECT_EQ(u"Freitag, 05. M\u00E4rz 2004|05.03.04",
+              Print(kMarch5, u"%A, %d. %B %Y|%x", lu_locale("de_DE")));
+    EXPECT_EQ(u"\u91D1|3\u6708|\u5348\u524D|\u897F\u66A6|2004/03/05 9:07:03",
+              Print(kMarch5, u"%a|%b|%p|%P|%c", lu_locale("ja_JP")));
 }

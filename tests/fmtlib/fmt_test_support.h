@@ -1,5 +1,5 @@
-// Helpers of the format library tests: UTF-8 in and out, patterns by their
-// text, token lists, and settings made from a locale and a few preferences.
+// Helpers of the format library tests: UTF-8 in and out, patterns by their text, token lists,
+// and settings made from a locale and a few preferences.
 #ifndef KAI18N_TESTS_FMT_TEST_SUPPORT_H
 #define KAI18N_TESTS_FMT_TEST_SUPPORT_H
 
@@ -46,13 +46,11 @@ inline std::string Utf8(const unsigned short* text) {
     return Utf8(ucs2string(text));
 }
 
-// The tokens of a pattern as numbers, each literal as 1 with its text in
-// `literals`.
+// The tokens of a pattern as numbers, each literal as 1 with its text in `literals`.
 struct TokenList {
     std::vector<int> ids;
     std::vector<std::string> literals;
     bool operator==(const TokenList& o) const { return ids == o.ids && literals == o.literals; }
-    bool operator!=(const TokenList& o) const { return !(*this == o); }
 };
 
 inline void PrintTo(const TokenList& list, std::ostream* os) {
@@ -85,15 +83,20 @@ inline std::string Print(FmtLib::luStringFormat& format, const FmtLib::luFmtPatt
     return Utf8(text);
 }
 
+// The classic locale with the number punctuation `punct`.
+inline lu_locale NumberLocale(lu_numpunct* punct) {
+    auto* impl = new lu_locale::_Impl(*lu_locale::classic()._M_get_impl(), 0);
+    impl->_M_install_facet(&lu_numpunct::id, punct);
+    impl->_M_install_facet(&lu_num_put::id, new lu_num_put(punct, 0));
+    return lu_locale(impl);
+}
+
 // The classic locale with "." and "," and the given group sizes.
 inline lu_locale GroupedLocale(std::initializer_list<unsigned short> sizes) {
     auto* punct = new lu_numpunct(0u);
     punct->init('.', ',', ucs2string(sizes.begin(), static_cast<unsigned int>(sizes.size())),
                 lu_numeric_punctuation::kDefaultBlock);
-    auto* impl = new lu_locale::_Impl(*lu_locale::classic()._M_get_impl(), 0);
-    impl->_M_install_facet(&lu_numpunct::id, punct);
-    impl->_M_install_facet(&lu_num_put::id, new lu_num_put(punct, 0));
-    return lu_locale(impl);
+    return NumberLocale(punct);
 }
 
 using Prefs = std::initializer_list<std::pair<const char*, const char*>>;

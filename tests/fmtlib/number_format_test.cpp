@@ -20,7 +20,6 @@ namespace {
 
 const double kNaN = std::numeric_limits<double>::quiet_NaN();
 const double kInf = std::numeric_limits<double>::infinity();
-const double kMax = std::numeric_limits<double>::max();
 const char* const kFixed = "T[#]T[gs]T[#]T[#]T[0]T[ds]T[0]T[0]";  // #,##0.00
 
 std::unique_ptr<luNumberFormat> Make(ilu_ptr<luSettings>& settings, const std::string& text) {
@@ -95,9 +94,9 @@ TEST_F(NumberFormatTest, Grouping) {
     Check(none, {{kFixed, {{1234567.5, "1234567.50"}}}});
     // clang-format on
 
-    // The ends of the map: 256 integer digits fit (15 significant, then
-    // zeros); and no separator stands ahead of a digit with more than 255
-    // digits to its right, so 260 "0" places start with a group of five.
+    // The ends of the map: 256 integer digits fit (15 significant, then zeros); and no separator
+    // stands ahead of a digit with more than 255 digits to its right, so 260 "0" places start
+    // with a group of five.
     const std::string digits = std::string(15, '9') + std::string(241, '0');
     std::string grouped;
     for (std::size_t i = 0; i < digits.size(); ++i)
@@ -120,8 +119,7 @@ TEST_F(NumberFormatTest, SignsAndSections) {
         // a sign token in the exponent is skipped and counts as no sign
         {"T[0]T[E-]T[+]T[0]", {{5, "5E0"}, {-5, "-5E0"}}}, {"T[0]T[E-]T[0]T[-]", {{-5, "-5E0"}}},
         {"L[none]", {{-5, "none"}}},  // no digit places: no implicit sign
-        // the second section has no implicit sign; an empty one leaves
-        // negative values in the first
+        // the second section has no implicit sign; an empty one leaves negative values in the first
         {"T[0]T[FS]T[0]", {{-5, "5"}, {0, "0"}}},
         {"T[0]T[FS]L[neg]T[0]T[FS]L[zero]",
          {{-5, "neg5"}, {-0.0, "zero"}, {0.4, "0"}, {-0.4, "neg0"}}},
@@ -162,11 +160,11 @@ TEST_F(NumberFormatTest, PercentBooleansErrorsAndThePlainForm) {
         {"T[0]T[pcs]T[FS]T[ns]T[0]T[ne]", {{-0.5, "(1)"}, {0.5, "50%"}}},  // each its own
         {"T[b]", {{0, "false"}, {-0.0, "false"}, {0.001, "true"}, {kNaN, "0.#IND"}}},
         {"T[bt]", {{0, "true"}}}, {"T[bf]", {{1, "false"}}}, {"T[0]L[ ]T[b]", {{-2, "-2 true"}}},
-        {"T[0]T[Err]", {{-5, "-5#FORMAT"}}},
-        {"T[0]x", {{1, "#FORMAT"}}},  // a text the canonical notation cannot read
+        {"T[0]T[Err]", {{-5, "-5#FORMAT"}}}, {"T[0]x", {{1, "#FORMAT"}}},  // x: not canonical
         // whatever the pattern, what it cannot hold is written plainly
         {kFixed, {{1e300, "1e300"}, {-2.5e300, "-2.5e300"}, {1e256, "1e256"}, {kNaN, "0.#IND"},
-                  {kMax, "1.79769313486232e308"}, {kInf, "1.#INF"}, {-kInf, "-1.#INF"}}},
+                  {std::numeric_limits<double>::max(), "1.79769313486232e308"},
+                  {kInf, "1.#INF"}, {-kInf, "-1.#INF"}}},
         {"T[0]", {{std::numeric_limits<double>::signaling_NaN(), "0.#NAN"}}},
         {"T[0]T[E+]T[0]", {{1e300, "1E+300"}, {1e-300, "1E-300"}}},  // an exponent holds all
     });
@@ -228,30 +226,26 @@ TEST_F(NumberFormatTest, PreferencesOfTheUser) {
 // An unsigned long is never negative, whatever its bits.
 TEST_F(NumberFormatTest, LongAndUnsignedLong) {
     auto format = Make(settings, "T[#]T[gs]T[0]T[FS]L[neg]T[0]T[FS]L[zero]");
-    EXPECT_EQ("neg9223372036854780000", Out(*format, LONG_MIN));
-    EXPECT_EQ("9,223,372,036,854,780,000", Out(*format, static_cast<unsigned long>(LONG_MIN)));
-    EXPECT_EQ("neg1", Out(*format, -1L));
-    EXPECT_EQ("18,446,744,073,709,600,000", Out(*format, static_cast<unsigned long>(-1L)));
-    EXPECT_EQ("zero", Out(*format, 0L));
-    EXPECT_EQ("zero", Out(*format, 0UL));
+    EXPECT_EQ("neg9223372036854780000 neg1 zero",
+              Out(*format, LONG_MIN) + " " + Out(*format, -1L) + " " + Out(*format, 0L));
+    EXPECT_EQ("9,223,372,036,854,780,000 18,446,744,073,709,600,000 zero",
+              Out(*format, static_cast<unsigned long>(LONG_MIN)) + " " +
+                  Out(*format, static_cast<unsigned long>(-1L)) + " " + Out(*format, 0UL));
 }
 
 TEST_F(NumberFormatTest, DefaultFormats) {
-    // The classic texts: #,##0.## ; #,##0 and a literal "%" (no scaling);
-    // 0.0############E-0 ; the boolean layout.
-    const struct {
-        fmtLibDefaultFormats format;
-        double value;
-        const char* expected;
-    } rows[] = {{STANDARD, 1234.567, "1,234.57"},
-                {PERCENT, 12.5, "13%"},
-                {SCIENTIFIC, 2.0 / 3, "6.66666666666667E-1"},
-                {SCIENTIFIC, 0, "0.0E0"},
-                {BOOLEAN, -2, "true"}};
-    for (const auto& row : rows) {
+    // The classic texts: #,##0.## ; #,##0 and a literal "%" (no scaling); 0.0############E-0 ;
+    // the boolean layout.
+    const std::pair<fmtLibDefaultFormats, std::pair<double, const char*>> rows[] = {
+        {STANDARD, {1234.567, "1,234.57"}},
+        {PERCENT, {12.5, "13%"}},
+        {SCIENTIFIC, {2.0 / 3, "6.66666666666667E-1"}},
+        {SCIENTIFIC, {0, "0.0E0"}},
+        {BOOLEAN, {-2, "true"}}};
+    for (const auto& [named, row] : rows) {
         luNumberFormat* format = nullptr;
-        ASSERT_EQ(0, CreateDefaultNumberFormat(settings, row.format, format)) << row.format;
-        EXPECT_EQ(row.expected, Out(*std::unique_ptr<luNumberFormat>(format), row.value));
+        ASSERT_EQ(0, CreateDefaultNumberFormat(settings, named, format)) << named;
+        EXPECT_EQ(row.second, Out(*std::unique_ptr<luNumberFormat>(format), row.first));
     }
     // A default token takes the place of the whole pattern.
     Check(settings, {{"L[x]T[An]T[0]T[FS]L[y]", {{1234.5, "1,234.5"}, {-1, "-1"}}}});
@@ -263,18 +257,13 @@ TEST_F(NumberFormatTest, DefaultFormats) {
     EXPECT_EQ(LU_E_FAIL, CreateNumberFormat(settings, Parse(*dates, "T[023]").get(), out));
     EXPECT_EQ(nullptr, out);
 
-    // A locale's own texts: a missing one fails, one that cannot be read
-    // formats as an error.
+    // A locale's own texts: a missing one fails, one that cannot be read formats as an error.
     static const unsigned short kGrouping[] = {3, 0}, kUnreadable[] = {u'x', 0},
                                 kPlain[] = {u'L', u'[', u'~', u']', u'T', u'[', u'0', u']', 0};
     static const unsigned short* const kFormats[] = {nullptr, nullptr, kPlain, kUnreadable};
     static const lu_numeric_punctuation::StaticStorage kStorage = {
         1, u'.', u',', kGrouping, lu_numeric_punctuation::kDefaultBlock, kFormats};
-    auto* punct = new lu_numpunct(&kStorage, 0);
-    auto* impl = new lu_locale::_Impl(*lu_locale::classic()._M_get_impl(), 0);
-    impl->_M_install_facet(&lu_numpunct::id, punct);
-    impl->_M_install_facet(&lu_num_put::id, new lu_num_put(punct, 0));
-    auto own = Settings(lu_locale(impl));
+    auto own = Settings(NumberLocale(new lu_numpunct(&kStorage, 0)));
     EXPECT_EQ(LU_E_FAIL, CreateDefaultNumberFormat(own, STANDARD, out));
     EXPECT_EQ(nullptr, out);
     Check(own, {{"T[Ap]", {{-12.5, "-~13"}}}, {"T[As]", {{1, "#FORMAT"}}}});
