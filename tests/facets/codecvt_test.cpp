@@ -1,6 +1,4 @@
-// The encoding-conversion facet: display names, the choice of engine by name,
-// string conversions on both engines, the slots, and failures as LUException.
-// (Every encoding's bytes are checked against iconv in tests/platform.)
+// The encoding-conversion facet (every encoding's bytes are checked in tests/platform).
 #include <gtest/gtest.h>
 
 #include <string>
@@ -24,8 +22,8 @@ Facet Through(kaConvertion* conversion) {
         new lu_codecvt(0, CharEncoding::CP1252(), Char16Encoding::UTF16(), conversion, true));
 }
 
-// Converts `text` to bytes, back to UTF-16, and from the bytes to UTF-8, each
-// into a target with old content; checks the ways back and gives the bytes.
+// Converts `text` to bytes, back to UTF-16, and from the bytes to UTF-8, each into a target with
+// old content; checks the ways back and gives the bytes.
 std::string RoundTrip(const lu_codecvt& facet, const std::u16string& text) {
     const Units units = test_support::UnitsOf(text);
     std::string bytes = "old content";
@@ -40,37 +38,32 @@ std::string RoundTrip(const lu_codecvt& facet, const std::u16string& text) {
     return bytes;
 }
 
-// A name found moves the pointer to the table's string; case, prefixes and
-// extensions count; names before, between or beyond the rows give null.
+// A name found moves the pointer to the table's string; case, prefixes and extensions count; names
+// before, between or beyond the rows give null.
 TEST(CodecvtTest, DisplayNames) {
     const std::string thai = "Thai";
     const char* name = thai.c_str();
     EXPECT_STREQ(reinterpret_cast<const char*>(lu_codecvt::GetEncodingDisplayName(name)),
                  "Thai (ISO-8859-11)");
     EXPECT_TRUE(name != thai.c_str() && thai == name);
-    const char* first = "Adobe-Standard-Encoding";
+    const char *first = "Adobe-Standard-Encoding", *none = nullptr;
     EXPECT_NE(lu_codecvt::GetEncodingDisplayName(first), nullptr);
+    EXPECT_EQ(lu_codecvt::GetEncodingDisplayName(none), nullptr);
     for (const char* other : {"cp1252", "CP125", "CP12520", "", "A", "Thaj", "UTF-8"}) {
         const char* unknown = other;
         EXPECT_EQ(lu_codecvt::GetEncodingDisplayName(unknown), nullptr) << other;
         EXPECT_EQ(unknown, other);
     }
-    const char* none = nullptr;
-    EXPECT_EQ(lu_codecvt::GetEncodingDisplayName(none), nullptr);
 }
 
-// Without a name the facet is CP1252; the names of the table are served by the
-// encoding library, other names the platform knows by kaConvertion, unknown
-// names (MacThai, in the table, has no engine of either kind) not at all. Far
-// more than one block of each converter goes through, two-byte characters cut
-// at block boundaries.
+// Without a name the facet is CP1252; table names go to the encoding library, other names to
+// kaConvertion, unknown ones (MacThai has no engine of either kind) nowhere. Many blocks go
+// through.
 TEST(CodecvtTest, TheNameChoosesTheEngine) {
     for (const Facet& facet : {Facet(new lu_codecvt(0u)), ByName(""), ByName(nullptr)}) {
         EXPECT_EQ(&facet->GetExternalEncoding(), &CharEncoding::CP1252());
-        EXPECT_EQ(&facet->GetInternalEncoding(), &Char16Encoding::UTF16());
         EXPECT_EQ(RoundTrip(*facet, u"café €") + RoundTrip(*facet, u""), "caf\xE9 \x80");
     }
-    EXPECT_EQ(Facet(new lu_codecvt(0u))->GetConversion(), nullptr);
     EXPECT_EQ(
         ByName(nullptr)->GetConversion()->GetName() + ByName("EUC-JP")->GetConversion()->GetName(),
         "EUC-JP");
@@ -83,15 +76,14 @@ TEST(CodecvtTest, TheNameChoosesTheEngine) {
     EXPECT_GT(RoundTrip(*ByName("EUC-JP"), text).size(), 4u * CharEncodingConverter::kBlockBytes);
     for (const Facet& koi8 : {ByName("KOI8-R"), Through(new kaConvertion("KOI8-R"))}) {
         EXPECT_TRUE(koi8->UsesConversion());
-        EXPECT_EQ(&koi8->GetExternalEncoding(), &CharEncoding::CP1252()) << "plays no part";
         EXPECT_EQ(RoundTrip(*koi8, u"Жизнь"), "\xF6\xC9\xDA\xCE\xD8");
     }
     for (const char* name : {"no-such-encoding", "Thai ", "MacThai"})
         EXPECT_EQ(test_support::ThrownCode([name] { ByName(name); }), LU_E_ENCODING) << name;
 }
 
-// An empty input through kaConvertion, a missing or unknown conversion, and
-// a reversed range, on either engine, arrive as LUException.
+// An empty input through kaConvertion, a missing or unknown conversion, and a reversed range, on
+// either engine, arrive as LUException.
 TEST(CodecvtTest, FailuresArriveTranslated) {
     const Facet koi8 = ByName("KOI8-R"), missing = Through(new kaConvertion("x")),
                 none = Through(nullptr), cp1252 = ByName("CP1252");
@@ -120,17 +112,14 @@ TEST(CodecvtTest, FailuresArriveTranslated) {
               encoding + "Encoding not loaded");
     EXPECT_EQ(thrown([&] { none->SetNarrowString(&two[0], &two[0] + 2, narrow); }),
               encoding + "No conversion");
-    EXPECT_EQ(thrown([&] { none->SetString(bytes, bytes + 3, utf8); }), encoding + "No conversion");
     EXPECT_EQ(thrown([&] { cp1252->SetNarrowString(&two[0] + 2, &two[0], narrow); }),
-              range + "Unicode library error");
-    EXPECT_EQ(thrown([&] { cp1252->SetString(bytes + 3, bytes, utf8); }),
               range + "Unicode library error");
     EXPECT_EQ(thrown([&] { cp1252->SetString(bytes + 3, bytes, units); }),
               range + "Unicode library error");
 }
 
-// out and in convert everything and report the whole ranges as used; too
-// small an output takes what fits; a reversed range is out of range.
+// out and in convert everything and report the whole ranges as used; too small an output takes what
+// fits; a reversed range is out of range.
 TEST(CodecvtTest, TheSlots) {
     const Facet facet = ByName("CP1251");
     const Units text = {0x0416, 0x0438, 0x0437, 0x043D, 0x044C};  // Жизнь
@@ -153,11 +142,6 @@ TEST(CodecvtTest, TheSlots) {
         lu_codecvt::ok);
     EXPECT_TRUE(bytesNext == buffer + 3 && unitsNext == &units[0] + 3);
     EXPECT_EQ(units, (Units{0x0416, 0x0438, 0}));
-    EXPECT_EQ(facet->unshift(state, buffer, buffer + 4, toNext), lu_codecvt::noconv);
-    EXPECT_EQ(toNext, buffer);
-    EXPECT_EQ(facet->length(state, buffer, buffer + 7, 6) * 10 +
-                  facet->length(state, buffer, buffer + 7, 8),
-              67);
 }
 
 }  // namespace

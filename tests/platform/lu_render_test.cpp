@@ -1,13 +1,11 @@
-// luRender: Arabic joining forms, bidirectional reordering, mirroring, and
-// what a failed render leaves behind. Every expected text was worked out by
-// hand from the joining classes of the letters (isolated, final, initial and
-// medial forms follow each other in the presentation forms block) and from
-// the rules of the bidirectional algorithm.
+// luRender and luSimpleShaper over it. Every expected text was worked out by hand from the joining
+// classes of the letters and the rules of the bidirectional algorithm.
 #include <gtest/gtest.h>
 
 #include <string>
 #include <utility>
 
+#include "kai18n/facets/lu_simple_shaper.h"
 #include "kai18n/platform/lu_render.h"
 #include "test_support.h"
 
@@ -24,20 +22,20 @@ std::u16string Render(luRender& render, const std::u16string& text, unsigned cha
     return Result(render);
 }
 
-// Rows "direction|text|visual text", the direction 0 (left to right), 1
-// (right to left) or 2 (from the first strong letter).
+// Rows "direction|text|visual text", the direction 0 (left to right), 1 (right to left) or 2 (from
+// the first strong letter).
 TEST(LuRenderTest, GivesTheVisualForm) {
     const std::u16string rows[] = {
-        // Joining forms. An Arabic run is right to left in either paragraph
-        // direction: beh alone, two, three; dal does not join the next letter;
-        // a space breaks the joining; lam alef is one ligature, isolated or final.
+        // Joining forms. An Arabic run is right to left in either paragraph direction: beh alone,
+        // two, three; dal does not join the next letter; a space breaks the joining; lam alef is
+        // one ligature, isolated or final.
         u"0|\u0628|\uFE8F", u"1|\u0628\u0628|\uFE90\uFE91",
         u"1|\u0628\u0628\u0628|\uFE90\uFE92\uFE91", u"1|\u062F\u0628|\uFE8F\uFEA9",
         u"1|\u0628\u062F|\uFEAA\uFE91", u"1|\u0628 \u0628|\uFE8F \uFE8F", u"1|\u0644\u0627|\uFEFB",
         u"1|\u0633\u0644\u0627\u0645|\uFEE1\uFEFC\uFEB3",
-        // Latin stays in its order; Hebrew is reversed; between L and R a space
-        // takes the paragraph's direction; without a strong letter the text is
-        // left to right; brackets in a right-to-left run are mirrored.
+        // Latin stays in its order; Hebrew is reversed; between L and R a space takes the
+        // paragraph's direction; without a strong letter the text is left to right; brackets in a
+        // right-to-left run are mirrored.
         u"0|abc 12|abc 12", u"2|abc 12|abc 12", u"1|abc|abc",
         u"0|\u05D0\u05D1\u05D2|\u05D2\u05D1\u05D0", u"1|ab \u05D0\u05D1|\u05D1\u05D0 ab",
         u"2|ab \u05D0\u05D1|ab \u05D1\u05D0", u"2|12 34|12 34", u"1|12 34|34 12",
@@ -52,9 +50,8 @@ TEST(LuRenderTest, GivesTheVisualForm) {
     }
 }
 
-// A refused render returns false and keeps the previous result; copies keep
-// their own result.
-TEST(LuRenderTest, EmptyRefusedAndCopied) {
+// A refused render returns false and keeps the previous result.
+TEST(LuRenderTest, EmptyAndRefused) {
     luRender render;
     EXPECT_EQ(Result(render), u"");
     Render(render, u"abc", 0);
@@ -68,11 +65,18 @@ TEST(LuRenderTest, EmptyRefusedAndCopied) {
     }
     EXPECT_FALSE(render.renderString(nullptr, 2, 0));
     EXPECT_EQ(Result(render), u"\uFE90\uFE91");
-    luRender copy(render), assigned;
-    assigned = render;
-    Render(render, u"xyz", 0);
-    EXPECT_EQ(Result(copy) + Result(assigned) + Result(render), u"\uFE90\uFE91\uFE90\uFE91xyz");
-    EXPECT_EQ(Render(copy, u"\u0644\u0627", 1) + Result(render), u"\uFEFBxyz");
+}
+
+// luSimpleShaper renders in place: "kitab salam 42", the lam-alef ligature one unit shorter.
+TEST(SimpleShaperTest, ShapesInPlaceAndLeavesARefusedTextAlone) {
+    luSimpleShaper shaper;
+    const std::u16string arabic = u"\u0643\u062A\u0627\u0628 \u0633\u0644\u0627\u0645 42";
+    ucs2string text = test_support::Str(arabic), refused = test_support::Str(arabic), empty;
+    EXPECT_TRUE(shaper.BidiAndShape(text, 1) && shaper.BidiAndShape(empty, 1) && empty.empty());
+    EXPECT_EQ(test_support::U16(text), u"42 \uFEE1\uFEFC\uFEB3 \uFE8F\uFE8E\uFE98\uFEDB");
+    EXPECT_EQ(text.c_str()[text.length()], 0);
+    EXPECT_FALSE(shaper.BidiAndShape(refused, 3));
+    EXPECT_EQ(test_support::U16(refused), arabic);
 }
 
 }  // namespace

@@ -45,27 +45,18 @@ namespace {
 
 constexpr unsigned int npos = ucs2string::npos;
 
-TEST(Ucs2StringTest, NullNilAndHeapStates) {
-    ucs2string s;
-    EXPECT_TRUE(!s.isnull() && s.empty());
-    s.setnull();
-    // Operations that leave the length at 0 keep a null string null.
-    s.assign(static_cast<const us*>(nullptr), 0);
-    s += Str(u"");
-    s.erase();
-    s.resize(0);
-    ucs2string target = Str(u"abc");
-    const ucs2string copy(s);
-    target = copy;  // a copy, by construction and assignment, carries null
-    EXPECT_TRUE(s.isnull() && s.size() == 0 && s.c_str()[0] == 0 && target.isnull());
-    // The first unit makes it a heap string; back at length 0 it is nil.
-    s.append(us('x'), 1u);
-    EXPECT_EQ(U16(s), u"x");
-    s.resize(0);
-    EXPECT_TRUE(!s.isnull() && s.empty() && s.capacity() == 0);
-    // Moves leave the source empty, not null.
-    ucs2string a{null_string()}, b(std::move(a));
-    EXPECT_TRUE(b.isnull() && !a.isnull());  // NOLINT(bugprone-use-after-move)
+// Whatever leaves the length at 0 keeps a null string null, and copies and moves carry it; a heap
+// string emptied is nil, not null.
+TEST(Ucs2StringTest, NullStaysNullAndAnEmptiedHeapStringIsNil) {
+    ucs2string s{null_string()}, target = Str(u"abc"), heap = Str(u"x");
+    s.assign(static_cast<const us*>(nullptr), 0).append(static_cast<const unsigned char*>(nullptr));
+    (s += Str(u"")).erase().resize(0);
+    target = ucs2string(s);
+    heap.resize(0);
+    EXPECT_TRUE(s.isnull() && s.c_str()[0] == 0 && target.isnull() && !ucs2string().isnull());
+    EXPECT_TRUE(!heap.isnull() && heap.empty() && heap.capacity() == 0);
+    ucs2string moved(std::move(s));              // leaves the source empty, not null
+    EXPECT_TRUE(moved.isnull() && !s.isnull());  // NOLINT(bugprone-use-after-move)
 }
 
 // Every replace of every range of short strings against std::u16string (erase and insert too).
@@ -88,8 +79,8 @@ TEST(Ucs2StringTest, ReplaceInsertEraseAtEveryPositionMatchModel) {
                     EXPECT_EQ(s.c_str()[s.length()], 0);
                     EXPECT_EQ(s.capacity(),
                               s.empty() ? 0u : (ucs2string::allocation_size(s.length()) - 6) / 2);
-                    repeated.replace(pos, n, us('#'), 2u);
-                    ASSERT_EQ(U16(repeated), std::u16string(base).replace(pos, n, u"##"));
+                    repeated.replace(pos, n, us(0x2323), 2u);  // equal bytes: filled bytewise
+                    ASSERT_EQ(U16(repeated), std::u16string(base).replace(pos, n, u"\u2323\u2323"));
                 }
             }
         }
@@ -156,6 +147,11 @@ TEST(Ucs2StringTest, CompareGivesTheDifferenceNotTheSign) {
     EXPECT_EQ(Str(u"hello").compare(units.data(), 1, 3), 1);  // n is the other length: 5-1-3
     EXPECT_EQ(Str(u"ell").compare(units.data()), 0);
     EXPECT_EQ(Str(u"hello").compare(1, 3, units.data(), 3), 0);
+    EXPECT_EQ(Str(u"hello").compare(units.data(), 5, 0), 0);  // from the very end
+    // Parts of another string: assigned, and appended with a terminated text of unknown length.
+    ucs2string part;
+    part.assign(Str(u"hello"), 1, 3).append(units.data()).append(Str(u"hello"), 5, 1);
+    EXPECT_EQ(U16(part), u"ellell");
     EXPECT_EQ(ThrownCode([&] { (void)Str(u"ab").compare(3, 1, Str(u"x")); }), LU_E_OUT_OF_RANGE);
     EXPECT_TRUE(Str(u"abc") != Str(u"abd") && Str(u"abc") < Str(u"abd"));
 }
@@ -169,9 +165,7 @@ TEST(Ucs2StringTest, SearchAgreesWithStandardStringModel) {
         return text;
     };
     const std::size_t stdNpos = std::u16string::npos;
-    const auto same = [&](unsigned int ours, std::size_t theirs) {
-        return theirs == stdNpos ? ours == npos : ours == theirs;
-    };
+    const auto asStd = [](unsigned int ours) { return ours == npos ? stdNpos : std::size_t{ours}; };
     for (int round = 0; round < 3000; ++round) {
         const std::u16string text = randomText(rng() % 9), pattern = randomText(rng() % 4);
         const ucs2string s = Str(text);
@@ -179,22 +173,21 @@ TEST(Ucs2StringTest, SearchAgreesWithStandardStringModel) {
         const auto count = static_cast<unsigned int>(p.size()), size = s.length();
         for (unsigned int pos : {0u, 1u, 3u, size, size + 1, npos}) {
             const std::size_t at = pos == npos ? stdNpos : pos;
+            // find_last_of and find_last_not_of do not examine the unit at `pos`.
+            const std::size_t before = pos == 0 ? stdNpos : at - 1;
             SCOPED_TRACE(std::string(text.begin(), text.end()) + "/" +
                          std::string(pattern.begin(), pattern.end()) + std::to_string(pos));
-            EXPECT_TRUE(same(s.rfind(p.data(), pos, count), text.rfind(pattern, at)));
-            if (pos != npos) {
-                EXPECT_TRUE(same(s.find(p.data(), pos, count), text.find(pattern, at)));
-                EXPECT_TRUE(
-                    same(s.find_first_of(p.data(), pos, count), text.find_first_of(pattern, at)));
-                EXPECT_TRUE(same(s.find_first_not_of(p.data(), pos, count),
-                                 text.find_first_not_of(pattern, at)));
-            }
-            // Here `pos` counts units from the start: the unit at `pos` is not examined.
-            const std::size_t before = pos == 0 ? stdNpos : at - 1;
-            EXPECT_TRUE(same(s.find_last_of(p.data(), pos, count),
-                             pos == 0 ? stdNpos : text.find_last_of(pattern, before)));
-            EXPECT_TRUE(same(s.find_last_not_of(p.data(), pos, count),
-                             pos == 0 ? stdNpos : text.find_last_not_of(pattern, before)));
+            EXPECT_EQ(asStd(s.rfind(p.data(), pos, count)), text.rfind(pattern, at));
+            EXPECT_EQ(asStd(s.find_last_of(p.data(), pos, count)),
+                      pos == 0 ? stdNpos : text.find_last_of(pattern, before));
+            EXPECT_EQ(asStd(s.find_last_not_of(p.data(), pos, count)),
+                      pos == 0 ? stdNpos : text.find_last_not_of(pattern, before));
+            if (pos == npos) continue;
+            EXPECT_EQ(asStd(s.find(p.data(), pos, count)), text.find(pattern, at));
+            EXPECT_EQ(asStd(s.find_first_of(p.data(), pos, count)),
+                      text.find_first_of(pattern, at));
+            EXPECT_EQ(asStd(s.find_first_not_of(p.data(), pos, count)),
+                      text.find_first_not_of(pattern, at));
         }
     }
 }
@@ -300,28 +293,22 @@ std::u16string Field(const char* utf8, int width, int align, unsigned short fill
     return Text(f[0]);
 }
 
-// No width, or an align other than 1 and 2: the text alone. Too narrow: number signs when
-// aligned, nothing when not. A unit beyond ASCII counts one; a pair counts two.
-TEST(Ucs2StringFormatterTest, FieldsAreTheSameFromEverySource) {
+// No width, or an align other than 1 and 2: the text alone. Too narrow: number signs when aligned,
+// nothing when not. A unit beyond ASCII counts one; a pair counts two. For integers the fill stands
+// before the sign, which counts in the width.
+TEST(Ucs2StringFormatterTest, FieldsOfTextsFromEverySourceAndOfIntegers) {
     EXPECT_EQ(Field("abc", -1, 2, '*') + Field("abc", 5, 3, '*'), u"<abc<abc");
     EXPECT_EQ(Field("abc", 5, 1, '*') + Field("abc", 2, 1, '*') + Field("abc", 2, 0, '*'),
               u"<abc**<##<");
     EXPECT_EQ(Field("\xC3\xA9\xE2\x82\xAC", 3, 2, u'\u00B7'), u"<\u00B7\u00E9\u20AC");
     EXPECT_EQ(Field("\xF0\x9F\x98\x80", 4, 1, '_'), u"<\U0001F600__");
-}
-
-TEST(Ucs2StringFormatterTest, IntegerFieldsFromZeroToTheExtremes) {
     const auto field = [](auto value, int width, unsigned short fill) {
         return Text(ucs2string_formatter().append_formatted(value, width, 2, fill));
     };
-    EXPECT_EQ(field(0L, -1, ' '), u"0");
-    EXPECT_EQ(field(-5L, 4, '0'), u"00-5");  // the fill stands before the sign
-    EXPECT_EQ(field(-5L, 1, '0'), u"#");     // the sign counts in the width
-    EXPECT_EQ(field(-2147483647L - 1, -1, ' '), u"-2147483648");
+    EXPECT_EQ(field(0L, -1, ' ') + field(-5L, 4, '0') + field(-5L, 1, '0'), u"000-5#");
     EXPECT_EQ(field(LONG_MIN, 21, ' '), u" -9223372036854775808");
     EXPECT_EQ(field(ULONG_MAX, -1, ' '), u"18446744073709551615");
-    EXPECT_EQ(field(-7, 3, '0'), u"0-7");  // int
-    EXPECT_EQ(field(8u, 3, '_'), u"__8");  // unsigned int
+    EXPECT_EQ(field(-7, 3, '0') + field(8u, 3, '_'), u"0-7__8");  // int, unsigned int
 }
 
 std::string Inserted(const ucs2string& s) {
@@ -330,8 +317,8 @@ std::string Inserted(const ucs2string& s) {
     return out.str();
 }
 
-// The measure counts the terminator: 2042 letters and a pair make 2047 bytes, paired; one
-// letter more takes the path that encodes unit by unit. A failed conversion writes a marker.
+// The measure counts the terminator: 2042 letters and a pair make 2047 bytes, paired; one letter
+// more takes the path that encodes unit by unit. A failed conversion writes a marker.
 TEST(Ucs2StringStreamInsertionTest, PairsSurrogatesOnlyBelow2048Bytes) {
     const std::u16string letters(2042, u'a');
     const std::string bytes(2042, 'a');
@@ -405,8 +392,9 @@ TEST(StrprintfTest, NumbersAndPointersMatchTheRuntime) {
     ExpectLikeSnprintf("%p [%20p]", static_cast<void*>(&object), static_cast<void*>(nullptr));
 }
 
-// A pair counts two units; nothing past the precision is read; narrow texts widen bytewise.
-TEST(StrprintfTest, StringsAndCharactersAreUtf16AndMeasuredInUnits) {
+// A pair counts two units; nothing past the precision is read; narrow texts widen bytewise. "%%"
+// and unknown conversions are copied, %n is refused.
+TEST(StrprintfTest, StringsAreUtf16MeasuredInUnitsAndOthersAreNoConversions) {
     const unsigned short unterminated[3] = {'x', 'y', 'z'};
     EXPECT_EQ(Format(u"<%s>%ls[%3s][%.2s][%-4s][%*s]%.3s", W(u"a\U0001F600b"), W(u"1"),
                      W(u"\U0001F600"), W(u"\U0001F600x"), W(u"ab"), -3, W(u"c"), unterminated),
@@ -416,9 +404,6 @@ TEST(StrprintfTest, StringsAndCharactersAreUtf16AndMeasuredInUnits) {
     EXPECT_EQ(Format(u"%hs/[%.2S]%c%lc%hc|[%3c]", "na\xEFve", "abc", 'a', 0x20AC, 0x1E9, 'x'),
               Formatted(19, u"na\u00EFve/[ab]a\u20AC\u00E9|[  x]"));
     EXPECT_EQ(Format(u"a%cbc", 0), Formatted(4, u"a"));  // a zero unit ends the text only
-}
-
-TEST(StrprintfTest, WhatIsNotAConversion) {
     EXPECT_EQ(Format(u"100%% %%d \U0001F600"), Formatted(10, u"100% %d \U0001F600"));
     // Unknown conversions are copied and take no argument.
     EXPECT_EQ(Format(u"%y|%-5k|%d|end%-08.3l", 7), Formatted(20, u"%y|%-5k|7|end%-08.3l"));

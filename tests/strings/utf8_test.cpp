@@ -49,26 +49,32 @@ long ToUcs2(const Bytes& bytes, Units* units) {
 
 // clang-format off
 TEST(Utf8ConversionTest, DecodesWithoutCheckingContinuationBytes) {
-    const std::pair<Bytes, Units> cases[] = {
-        {{0x80}, {0x0080}},  // a stray continuation byte is a sequence of one
+    const long ok = LU_S_OK, bad = LU_E_INVALID_ARG;
+    const std::tuple<Bytes, long, Units> cases[] = {
+        {{0x80}, ok, {0x0080}},  // a stray continuation byte is a sequence of one
         // Encoded surrogates decode to the surrogate units.
-        {{0xED, 0xA0, 0xBD, 0xED, 0xB8, 0x80}, {0xD83D, 0xDE00}},
+        {{0xED, 0xA0, 0xBD, 0xED, 0xB8, 0x80}, ok, {0xD83D, 0xDE00}},
         // Wrong continuation bytes still add their values, kept to 16 bits.
-        {{0xC3, 0x41}, {0x0081}}, {{0xE0, 0x00, 0x00}, {0xDF80}}, {{0xC0, 0x80}, {0x0000}},
-        // A block of two-byte sequences followed by ASCII.
-        {{0xCA, 0xA4, 0xCB, 0x98, 0xC7, 0xA8, 0xDA, 0x86, 0x25}, {0x2A4, 0x2D8, 0x1E8, 0x686, 0x25}},
+        {{0xC3, 0x41}, ok, {0x0081}}, {{0xE0, 0x00, 0x00}, ok, {0xDF80}}, {{0xC0, 0x80}, ok, {0x0000}},
+        // Empty, overrunning, and four- or six-byte sequences are refused.
+        {Bytes{}, bad, Units{}}, {{0x41, 0xE2, 0x82}, bad, Units{}}, {{0x41, 0xF0, 0x9F, 0x98, 0x80}, bad, Units{}},
+        {{0xFC, 0x80, 0x80, 0x80, 0x80, 0x80, 0x41}, bad, Units{}},
     };
-    for (const auto& [bytes, expected] : cases) {
+    for (const auto& [bytes, code, expected] : cases) {
         Units units;
-        EXPECT_EQ(ToUcs2(bytes, &units), LU_S_OK);
+        EXPECT_EQ(ToUcs2(bytes, &units), code);
         EXPECT_EQ(units, expected);
     }
-    // Empty, overrunning, and four- or six-byte sequences are refused.
-    for (const Bytes& bad : {Bytes{}, Bytes{0x41, 0xE2, 0x82}, Bytes{0x41, 0xF0, 0x9F, 0x98, 0x80},
-                             Bytes{0xFC, 0x80, 0x80, 0x80, 0x80, 0x80, 0x41}}) {
+    // Every continuation byte alone is a sequence of one; a long ASCII line is widened whole.
+    for (unsigned char b = 0x80; b < 0xC0; ++b) {
         Units units;
-        EXPECT_EQ(ToUcs2(bad, &units), LU_E_INVALID_ARG);
+        EXPECT_EQ(ToUcs2({b, 'A'}, &units), ok);
+        EXPECT_EQ(units, (Units{b, 'A'})) << int{b};
     }
+    const std::string line = "The quick brown fox jumps over the lazy dog";
+    Units units;
+    EXPECT_EQ(ToUcs2(Bytes(line.begin(), line.end()), &units), ok);
+    EXPECT_EQ(units, Units(line.begin(), line.end()));
     // Nine ASCII bytes, then a sequence cut short, and whole.
     EXPECT_EQ(UTF8_GetCharCount(Utf8("ABCDEFGHI\xC3\xA9"), 11) + UTF8_GetCharCount(Utf8("ABCDEFGHI\xC3"), 10), 10u);
     unsigned short* out = nullptr;
@@ -95,46 +101,6 @@ TEST(Utf8ConversionTest, NextCharAdvancesOrReportsFfffAndStays) {
     }
 }
 
-// clang-format off
-TEST(Utf8TraitsTest, LengthAndAssignPairSurrogatesAndDropBrokenPairs) {
-    const std::pair<Units, Bytes> cases[] = {
-        {{0xD83D, 0xDE00}, {0xF0, 0x9F, 0x98, 0x80}}, {{0xDBFF, 0xDFFF}, {0xF4, 0x8F, 0xBF, 0xBF}},
-        {{0xD800, 0x0041}, {}},  // the high surrogate and the letter are both dropped
-        {{0xDC00}, {0xED, 0xB0, 0x80}},  // a lone low surrogate counts like any unit
-        {{0x41, 0xD800}, {0x41}},  // a final high surrogate adds nothing
-        {{0xD800, 0xD800, 0xDC00}, {0xED, 0xB0, 0x80}},
-        {{0x41, 0x7FF, 0x800}, {0x41, 0xDF, 0xBF, 0xE0, 0xA0, 0x80}},
-    };
-    // clang-format on
-    for (const auto& [units, bytes] : cases) {
-        const unsigned int n = lu_utf8_traits::length(units.data(), Size(units));
-        ASSERT_EQ(n, bytes.size());
-        Units terminated = units;
-        terminated.push_back(0);
-        EXPECT_EQ(lu_utf8_traits::length(terminated.data()), n);
-        Bytes out(n + 1, 0xAA);
-        lu_utf8_traits::assign(out.data(), n, units.data());
-        EXPECT_EQ(Bytes(out.begin(), out.begin() + n), bytes);
-        EXPECT_EQ(out[n], 0xAA);  // nothing written beyond
-    }
-    EXPECT_EQ(lu_utf8_traits::length(static_cast<unsigned short>(0x20AC), 3u), 9u);
-}
-
-TEST(Utf8TraitsTest, CharLengthAndCopyDecodeFourByteSequencesAsPairs) {
-    Units out(3, 0xAAAA);
-    lu_utf8_traits::copy(out.data(), Utf8("\xF0\x9F\x98\x80"), 2);
-    EXPECT_EQ(out, (Units{0xD83D, 0xDE00, 0xAAAA}));  // nothing written beyond
-    // A five-byte sequence counts two units and cannot be decoded.
-    const Bytes five = {0xF8, 0x88, 0x80, 0x80, 0x80};
-    EXPECT_EQ(lu_utf8_traits::char_length(five.data(), 5), 2u);
-    Units two(2);
-    EXPECT_EQ(ThrownCode([&] { lu_utf8_traits::copy(two.data(), five.data(), 2); }),
-              LU_E_INVALID_ARG);
-    // A sequence cut short by the end of the range is not counted.
-    EXPECT_EQ(lu_utf8_traits::char_length(Utf8("A\xE2\x82")), 1u);
-    EXPECT_EQ(lu_utf8_traits::char_length(Utf8("\xF0\x9F\x98")), 0u);
-}
-
 TEST(Utf8TraitsTest, SequenceShapesByteCountsAndOrder) {
     const std::pair<unsigned int, unsigned int> codePoints[] = {
         {0x7F, 1},     {0x80, 2},      {0x7FF, 2},     {0x800, 3},
@@ -154,6 +120,12 @@ TEST(Utf8TraitsTest, SequenceShapesByteCountsAndOrder) {
                 lu_utf8_traits::compare(Utf8("ab"), Utf8("ac"), 1) == 0);
     const unsigned short unit = 0x41;
     EXPECT_THROW(lu_utf8_traits::compare(Utf8("A"), &unit, 1), int);
+    // A sequence cut short by the end is not counted; a five-byte one counts two units.
+    EXPECT_EQ(lu_utf8_traits::char_length(Utf8("A\xE2\x82")), 1u);
+    EXPECT_EQ(lu_utf8_traits::char_length(Utf8("\xF8\x88\x80\x80\x80"), 5), 2u);
+    // A stray continuation byte, a cut sequence, a lead without its continuation.
+    for (const std::string bad : {"a\x80", "a\xE2\x82", "\xC3\x41"})
+        EXPECT_FALSE(lu_utf8_traits::_is_valid_utf8(Utf8(bad.c_str()), Size(bad))) << bad;
 }
 
 // Random text; surrogates come only as well-formed pairs, when `pairs` is set.
@@ -237,8 +209,8 @@ struct Probe : lu_utf8string {  // reaches the protected layer
     using lu_utf8string::allocate, lu_utf8string::allocation_size;
 };
 
-// The content, the terminator, the capacity and, empty and not null, the nil buffer. Size
-// classes are 8 bytes wide, with boundaries after 3, 11, 19, ... bytes: class (n + 4) / 8.
+// The content, the terminator, the capacity and, empty and not null, the nil buffer. Size classes
+// are 8 bytes wide, with boundaries after 3, 11, 19, ... bytes: class (n + 4) / 8.
 void ExpectString(const lu_utf8string& s, const std::string& expected) {
     ASSERT_EQ(BytesOf(s), expected);
     EXPECT_EQ(s.data()[s.length()], 0);
@@ -246,8 +218,8 @@ void ExpectString(const lu_utf8string& s, const std::string& expected) {
     EXPECT_TRUE(!expected.empty() || s.isnull() || s.data() == kNil);
 }
 
-// Every edit at every position of strings of 0 to 12 bytes against std::string; the buffer
-// stays within its size class. Then sources inside the string, moved over or freed.
+// Every edit at every position of strings of 0 to 12 bytes against std::string; the buffer stays
+// within its size class. Then sources inside the string, moved over or freed.
 TEST(LuUtf8StringEditTest, EveryEditAtEveryPositionAgainstStdString) {
     const std::string digits = "0123456789";
     for (std::size_t len = 0; len <= 12; ++len) {
@@ -290,8 +262,8 @@ TEST(LuUtf8StringEditTest, EveryEditAtEveryPositionAgainstStdString) {
     }
 }
 
-// In (E): a lone low surrogate stays, a high one goes, with the unit after it unless that is
-// a low one. Out, by ucs2string (D): a zero byte is a character, a cut sequence is left out.
+// In (E): a lone low surrogate stays, a high one goes, with the unit after it unless that is a low
+// one. Out, by ucs2string (D): a zero byte is a character, a cut sequence is left out.
 TEST(LuUtf8StringUtf16Test, PairsBecomeOneSequenceAndBrokenPairsAreDropped) {
     enum { E = 1, D = 2 };
     const std::tuple<std::u16string, std::string, int> rows[] = {
@@ -301,8 +273,10 @@ TEST(LuUtf8StringUtf16Test, PairsBecomeOneSequenceAndBrokenPairsAreDropped) {
         {u"\xD800\x41", "", E},
         {u"A\xD83D", "A", E},
         {u"\xD83D\xD83D\xDE00", "\xED\xB8\x80", E},
+        {u"A\u07FF\u0800", "A\xDF\xBF\xE0\xA0\x80", E | D},
         {std::u16string(u"x\0y", 3), std::string("x\0y", 3), D},
-        {u"A", "A\xE2\x82", D}};
+        {u"A", "A\xE2\x82", D},
+        {u"", "\xF0\x9F\x98", D}};
     for (const auto& [text, bytes, ways] : rows) {
         EXPECT_TRUE(!(ways & D) || (U16(ucs2string(U8(bytes))) == text &&
                                     U16(Str(u"old").assign(U8(bytes))) == text))
@@ -367,21 +341,9 @@ TEST(LuUtf8StringBufferTest, NullNilAndHeapBuffers) {
     EXPECT_EQ(Probe::allocation_size(0xFFFFFFFEu), 0x100000008ull);  // no wrap to a small class
 }
 
-// Unsigned bytes, then lengths; the difference, not its sign.
-TEST(LuUtf8StringCompareTest, UnsignedBytesThenLengths) {
-    const lu_utf8string s("abcdef");
-    EXPECT_TRUE(s.compare("abd") == -1 && lu_utf8string("\x7F").compare(Utf8("\x80")) == -1);
-    EXPECT_TRUE(!(s == "abcde") && s < "b" && lu_utf8string("").compare("abc") == -3);
-    EXPECT_EQ(s.compare(2, npos, lu_utf8string("cd")), 2);
-    EXPECT_EQ(s.compare(2, 3, lu_utf8string("xcdx"), 1, npos), -1);  // 'e' against 'x'
-    EXPECT_EQ(s.compare(Utf8("cd"), 2, 2), 2);  // n is the length of the other text
-    EXPECT_EQ(s.compare(Utf8("cdefgh"), 2, 6), -2);
-    EXPECT_EQ(s.compare(0, npos, Utf8("abcz"), 3), 3);
-}
-
-// Out of range: a position beyond the length, or an index at it. Too long: npos or beyond 32
-// bits. Invalid: a five-byte sequence, which ucs2string refuses. The string stays as it was.
-TEST(LuUtf8StringAccessTest, ElementsViewsAndFailureCodes) {
+// Out of range: a position beyond the length, or an index at it. Too long: npos or beyond 32 bits.
+// Invalid: a five-byte sequence, which ucs2string refuses. The string stays as it was.
+TEST(LuUtf8StringAccessTest, ElementsViewsComparisonsAndFailureCodes) {
     lu_utf8string s("abc");
     const lu_utf8string& cs = s;
     const unsigned char* buffer = s.data();
@@ -416,6 +378,15 @@ TEST(LuUtf8StringAccessTest, ElementsViewsAndFailureCodes) {
     std::ostringstream out;
     out << s << '|' << lu_utf8string("ab\0cd", 5u);
     EXPECT_EQ(out.str(), "xyc|ab");  // up to the first zero byte
+    // compare: unsigned bytes, then lengths; the difference, not its sign.
+    const lu_utf8string t("abcdef");
+    EXPECT_TRUE(t.compare("abd") == -1 && lu_utf8string("\x7F").compare(Utf8("\x80")) == -1);
+    EXPECT_TRUE(!(t == "abcde") && t < "b" && lu_utf8string("").compare("abc") == -3);
+    EXPECT_EQ(t.compare(2, npos, lu_utf8string("cd")), 2);
+    EXPECT_EQ(t.compare(2, 3, lu_utf8string("xcdx"), 1, npos), -1);  // 'e' against 'x'
+    EXPECT_EQ(t.compare(Utf8("cd"), 2, 2), 2);  // n is the length of the other text
+    EXPECT_EQ(t.compare(Utf8("cdefgh"), 2, 6), -2);
+    EXPECT_EQ(t.compare(0, npos, Utf8("abcz"), 3), 3);
 }
 
 TEST(LuUtf8PosTest, ReadsOneUnitAtABytePosition) {
