@@ -168,16 +168,16 @@ struct Zone {
 };
 // Second Sunday of March to first of November, wall time; last Sundays of March and
 // October at 01:00 UTC; 1 April 00:30 UTC (31 March locally) to 30 September 23:00
-// standard, half an hour; first Sunday on or after 8 April to last Saturday on or
+// standard, half an hour; first Saturday on or after 8 April to last Saturday on or
 // before 25 October; southern, first Sunday of October to first Sunday of April;
-// last Sunday of March at 24:00 to 1 October 00:00 daylight time.
+// last Sunday of March at 24:00 to last Sunday of November 00:00 daylight time.
 const char* const kZones = R"(
     -18000000  2   2  1  7200000 0 10   1  1  7200000 0 3600000
       3600000  2  -1  1  3600000 2  9  -1  1  3600000 2 3600000
     -18000000  3   1  0  1800000 2  8  30  0 82800000 1 1800000
-     32400000  3   8 -1  7200000 0  9 -25 -7 10800000 0 3600000
+     32400000  3   8 -7  7200000 0  9 -25 -7 10800000 0 3600000
      36000000  9   1  1  7200000 1  3   1  1 10800000 0 3600000
-    -10800000  2  -1  1 86400000 0  9   1  0        0 0 3600000)";
+    -10800000  2  -1  1 86400000 0 10  -1  1        0 0 3600000)";
 Zone ZoneAt(int n) {
     std::istringstream in(kZones);
     for (int i = 0; i < n; ++i) Zone skip(in);
@@ -384,6 +384,14 @@ TEST(GregorianCalendarTest, HandWorkedDatesAroundCutoverAndEraZeroAndFieldSteps)
     auto cal = MakeCalendar();
     EXPECT_TRUE(cal->isLeapYear(1500) && cal->isLeapYear(0) && !cal->isLeapYear(1700) &&
                 !cal->isLeapYear(-1));
+    // Another calendar, made from a zone it copies, equals this one at the same instant only.
+    UErrorCode st = UErrorNone;
+    std::unique_ptr<Cal> twin(Cal::createInstance(TZ(3600000, Str(u"X")), st));
+    ASSERT_TRUE(twin != nullptr && U_SUCCESS(st));
+    cal->setTime(-1e13, st), twin->setTime(-1e13, st);
+    EXPECT_TRUE(twin->equals(*cal, st) && U_SUCCESS(st));
+    twin->add(Cal::MILLISECOND, 1, st);
+    EXPECT_FALSE(twin->equals(*cal, st));
 }
 
 TEST(SimpleTimeZoneTest, OffsetsChangeAtIndependentlyFoundTransitions) {
@@ -393,7 +401,7 @@ TEST(SimpleTimeZoneTest, OffsetsChangeAtIndependentlyFoundTransitions) {
         UErrorCode st = UErrorNone;
         const std::unique_ptr<TZ> zone = z.Make(st);
         auto cal = MakeCalendar(zone->clone());
-        for (int y : {1950, 2003, 2004, 2021, 2038}) {
+        for (int y : {1950, 2003, 2004, 2019, 2021, 2038}) {
             for (int probe = 0; probe < 12; ++probe) {
                 const bool start = probe < 6;
                 const double dt = kProbes[probe % 6];
@@ -429,7 +437,7 @@ TEST(SimpleTimeZoneTest, RulesAndArgumentsAreCheckedAndZonesCompared) {
         0  2 -1  8  0 0  9  -1  1  0 0 1 1          0  2  6  1  0 0  9  -1  1 0 0 1 1
         0  2 -1  1  0 0  9  -6  1  0 0 1 1          0  1 29  0  0 0  9  -1  1 0 0 1 1
         0  0 32 -1  0 0  9  -1  1  0 0 1 1          0  3 -31 -1 0 0  9  -1  1 0 0 1 1
-        0  2 -1  1  0 0  9  -1  1  0 0 0 1)");
+        0  2 -1  1  0 0  9  -1  1  0 0 0 1          0  2 -1  1  0 0 10  31  0  0 0 1 1)");
     for (int want; rules >> std::ws, !rules.eof();) {
         UErrorCode st = UErrorNone;
         const Zone z(rules);
