@@ -46,7 +46,7 @@ Scanned ScanText(luInputNumber& input, const std::string& utf8) {
 
 template <class T>
 std::string Formatted(luInputNumber& input, T value) {
-    input.Format(value);
+    EXPECT_TRUE(input.Format(value));
     return Utf8(input.c_str());
 }
 

@@ -336,6 +336,7 @@ TEST(LuUtf8StringBufferTest, NullNilAndHeapBuffers) {
     z.size(4);
     z.size(10);
     EXPECT_EQ(BytesOf(z), std::string("abcd\0fghij", 10));
+    EXPECT_EQ(ThrownCode([&] { z.size(40); }), kOutOfRange);              // beyond the class of 10
     EXPECT_EQ(ThrownCode([] { lu_utf8string().size(1); }), kOutOfRange);  // static buffer
     EXPECT_EQ(ThrownCode([] { Probe::allocate(npos); }), kTooLong);
     EXPECT_EQ(Probe::allocation_size(0xFFFFFFFEu), 0x100000008ull);  // no wrap to a small class
