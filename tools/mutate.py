@@ -880,6 +880,24 @@ def tally(records):
     return counts, rate
 
 
+def print_rate_table(heading, groups, markdown, code=False):
+    """One row of counts and kill rate per (name, records) group, as text or markdown."""
+    if markdown:
+        print("| %s | mutants | killed | survived | invalid | kill rate |" % heading)
+        print("| --- | ---: | ---: | ---: | ---: | ---: |")
+    else:
+        print("%-40s %7s  %6s  %8s  %7s  %6s" % (heading, "mutants", "killed", "survived",
+                                                "invalid", "rate"))
+    for name, rs in groups:
+        c, r = tally(rs)
+        row = (("`%s`" % name) if markdown and code else name, len(rs), c["killed"],
+               c["survived"], c["invalid"], r)
+        if markdown:
+            print("| %s | %d | %d | %d | %d | %.0f%% |" % row)
+        else:
+            print("%-40s %7d  %6d  %8d  %7d  %5.1f%%" % row)
+
+
 def command_report(args):
     document = load_mutants(args.mutants)
     results = load_results(args.results)
@@ -895,36 +913,12 @@ def command_report(args):
     print("%d of %d mutants run: %d killed, %d survived, %d invalid%s; kill rate %.1f%%\n" % (
         len(records), len(by_id), counts["killed"], counts["survived"], counts["invalid"],
         (", %d stale" % counts["stale"]) if counts["stale"] else "", rate))
-    if markdown:
-        print("| file | mutants | killed | survived | invalid | kill rate |")
-        print("| --- | ---: | ---: | ---: | ---: | ---: |")
-    else:
-        print("%-40s %7s  %6s  %8s  %7s  %6s" % ("file", "mutants", "killed", "survived",
-                                                "invalid", "rate"))
-    for path, rs in files.items():
-        c, r = tally(rs)
-        row = (path, len(rs), c["killed"], c["survived"], c["invalid"], r)
-        if markdown:
-            print("| `%s` | %d | %d | %d | %d | %.0f%% |" % row)
-        else:
-            print("%-40s %7d  %6d  %8d  %7d  %5.1f%%" % row)
+    print_rate_table("file", list(files.items()), markdown, code=True)
     by_operator = defaultdict(list)
     for r in records:
         by_operator[r["operator"]].append(r)
     print()
-    if markdown:
-        print("| operator | mutants | killed | survived | invalid | kill rate |")
-        print("| --- | ---: | ---: | ---: | ---: | ---: |")
-    else:
-        print("%-40s %7s  %6s  %8s  %7s  %6s" % ("operator", "mutants", "killed", "survived",
-                                                "invalid", "rate"))
-    for operator in sorted(by_operator):
-        c, r = tally(by_operator[operator])
-        row = (operator, len(by_operator[operator]), c["killed"], c["survived"], c["invalid"], r)
-        if markdown:
-            print("| %s | %d | %d | %d | %d | %.0f%% |" % row)
-        else:
-            print("%-40s %7d  %6d  %8d  %7d  %5.1f%%" % row)
+    print_rate_table("operator", sorted(by_operator.items()), markdown)
     survivors = [r for r in records if r["outcome"] == "survived"]
     print("\nSurviving mutants (%d):" % len(survivors))
     for r in survivors:
